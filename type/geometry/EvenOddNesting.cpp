@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kGridScale = 1000.0;
 constexpr double kHoleShrink = 0.995;
-// The largest magnitude the clipper accepts for a coordinate.
+// Just below the largest coordinate magnitude the clipper accepts.
 constexpr double kGridLimit = 4.0e18;
 
 bool toGrid(const Contour& polygon, ClipperLib::Path& path) {

@@ -10,9 +10,8 @@ namespace type {
 // and groups the result into outer boundaries with their holes.
 //
 // Coordinates pass through a fixed-point grid of 1/1000 unit (truncated toward
-// zero), so results are exact to that grid. A sub-path that runs clockwise
-// relative to the glyph's first outer boundary keeps the font's winding: when
-// that first outer is counter-clockwise, every outer and hole of the glyph is
+// zero), so results are exact to that grid. When the glyph's first outer
+// boundary comes out counter-clockwise, every outer and hole of the glyph is
 // reversed. Holes come back shrunk by 0.5 % about their own box centre so that
 // they stay strictly inside an outer boundary they touched in the font.
 //

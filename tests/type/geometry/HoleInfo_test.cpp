@@ -20,11 +20,5 @@ TEST(HoleInfo, HolesOfAShapeFollowItsOuterPointsInOrder) {
     EXPECT_THAT(holeInfo, ElementsAre(9, 9, 9, 3, 4, 17, 3, 5, 21));
 }
 
-TEST(HoleInfo, ShapeWithoutHolesAddsNothing) {
-    std::vector<std::int32_t> holeInfo;
-    appendHoleInfo(holeInfo, Shape{rectangle(0, 0, 1, 1), {}}, 0, 0);
-    EXPECT_TRUE(holeInfo.empty());
-}
-
 } // namespace
 } // namespace type
