@@ -1,0 +1,72 @@
+#include "mesh/FaceTriangulation.h"
+#include "mesh/Mesh.h"
+#include "mesh/Topology.h"
+
+#include <benchmark/benchmark.h>
+#include <cmath>
+#include <numbers>
+
+namespace oz::mesh {
+namespace {
+
+// A grid of letter-like faces: a 12-sided outer loop with two square holes, 20 points each, all
+// vertices unshared as on a text cap mesh. 10,000 faces give 200,000 points.
+Mesh holedFaces(int faceCount) {
+    Mesh mesh;
+    const int columns = static_cast<int>(std::ceil(std::sqrt(faceCount)));
+    for (int f = 0; f < faceCount; ++f) {
+        const double cx = 3.0 * (f % columns);
+        const double cy = 3.0 * (f / columns);
+        std::vector<Point3> points;
+        for (int i = 0; i < 12; ++i) {
+            const double a = 2.0 * std::numbers::pi * i / 12.0;
+            const double r = i % 2 == 0 ? 1.2 : 1.0; // slightly star-shaped, so concave
+            points.push_back({cx + r * std::cos(a), cy + r * std::sin(a), 0.0});
+        }
+        for (const double hx : {-0.5, 0.1}) {
+            points.push_back({cx + hx, cy - 0.2, 0.0});
+            points.push_back({cx + hx, cy + 0.2, 0.0});
+            points.push_back({cx + hx + 0.4, cy + 0.2, 0.0});
+            points.push_back({cx + hx + 0.4, cy - 0.2, 0.0});
+        }
+        int32_t face = -1;
+        mesh.addPolygon(points, std::vector<int32_t>{12, 4, 4}, false, 0.0, face);
+    }
+    return mesh;
+}
+
+void BM_TriangulateFacesWithHoles(benchmark::State& state) {
+    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
+        benchmark::DoNotOptimize(t.triangles.data());
+    }
+    state.counters["points"] = mesh.vertexCount();
+    state.counters["faces"] = mesh.faceCount();
+}
+BENCHMARK(BM_TriangulateFacesWithHoles)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_BuildTopology(benchmark::State& state) {
+    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        Topology t = buildTopology(mesh.faces(), mesh.vertexCount());
+        benchmark::DoNotOptimize(t.vertexVertices.items.data());
+    }
+}
+BENCHMARK(BM_BuildTopology)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_ClosestIntersection(benchmark::State& state) {
+    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)));
+    mesh.triangulation();
+    int i = 0;
+    for (auto _ : state) {
+        RayHit hit;
+        const double x = 3.0 * (i++ % 100);
+        mesh.closestIntersection({{x + 0.9, 0.1, 10.0}, {0, 0, -1}}, 1e8, 1e-6, hit);
+        benchmark::DoNotOptimize(hit);
+    }
+}
+BENCHMARK(BM_ClosestIntersection)->Arg(10000)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace oz::mesh

@@ -1,0 +1,103 @@
+#include "mesh/FaceTriangulation.h"
+
+#include "mesh/GluTessellator.h"
+#include "mesh/Normals.h"
+
+#include <algorithm>
+#include <numeric>
+#include <tbb/blocked_range.h>
+#include <tbb/enumerable_thread_specific.h>
+#include <tbb/parallel_for.h>
+
+namespace oz::mesh {
+
+namespace {
+
+// A single triangle, or a strictly convex quad split along its shorter diagonal: the walls of an
+// extrusion are such quads, and they need no sweep.
+bool triangulateSimple(std::span<const int32_t> loop, std::span<const Point3> points, Vector3 normal,
+                       std::vector<Triangle>& out) {
+    if (loop.size() == 3) {
+        out.push_back({loop[0], loop[1], loop[2]});
+        return true;
+    }
+    if (loop.size() != 4 || normal == Vector3{})
+        return false;
+    for (size_t i = 0; i < 4; ++i) {
+        const Point3 a = points[loop[i]];
+        const Point3 b = points[loop[(i + 1) % 4]];
+        const Point3 c = points[loop[(i + 2) % 4]];
+        if (!(dot(cross(b - a, c - b), normal) > 0.0))
+            return false;
+    }
+    const Vector3 d02 = points[loop[2]] - points[loop[0]];
+    const Vector3 d13 = points[loop[3]] - points[loop[1]];
+    if (dot(d02, d02) <= dot(d13, d13)) {
+        out.push_back({loop[0], loop[1], loop[2]});
+        out.push_back({loop[0], loop[2], loop[3]});
+    } else {
+        out.push_back({loop[1], loop[2], loop[3]});
+        out.push_back({loop[1], loop[3], loop[0]});
+    }
+    return true;
+}
+
+struct FaceRun {
+    int32_t face;
+    int32_t begin;
+    int32_t count;
+};
+
+// What one thread produces: its tessellator, reused across faces, and the triangles of the faces
+// it handled, to be scattered into face order afterwards.
+struct Worker {
+    GluTessellator tessellator;
+    std::vector<Triangle> triangles;
+    std::vector<FaceRun> runs;
+};
+
+} // namespace
+
+Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points) {
+    const int32_t faceCount = faces.faceCount();
+    tbb::enumerable_thread_specific<Worker> workers;
+    tbb::parallel_for(tbb::blocked_range<int32_t>(0, faceCount, 64),
+                      [&](const tbb::blocked_range<int32_t>& range) {
+                          Worker& w = workers.local();
+                          for (int32_t f = range.begin(); f != range.end(); ++f) {
+                              const auto begin = static_cast<int32_t>(w.triangles.size());
+                              const Vector3 normal = faceNormal(faces, points, f);
+                              if (faces.faceLoopCount(f) != 1 ||
+                                  !triangulateSimple(faces.loop(f, 0), points, normal, w.triangles))
+                                  w.tessellator.tessellate(faces, points, f, normal, w.triangles);
+                              w.runs.push_back({f, begin, static_cast<int32_t>(w.triangles.size()) - begin});
+                          }
+                      });
+
+    Triangulation result;
+    result.faceTriangleStart.assign(static_cast<size_t>(faceCount) + 1, 0);
+    for (const Worker& w : workers) {
+        for (const FaceRun& run : w.runs)
+            result.faceTriangleStart[run.face + 1] = run.count;
+    }
+    std::partial_sum(result.faceTriangleStart.begin(), result.faceTriangleStart.end(),
+                     result.faceTriangleStart.begin());
+    result.triangles.resize(static_cast<size_t>(result.faceTriangleStart.back()));
+    for (const Worker& w : workers) {
+        tbb::parallel_for(size_t{0}, w.runs.size(), [&](size_t i) {
+            const FaceRun& run = w.runs[i];
+            std::copy_n(w.triangles.begin() + run.begin, run.count,
+                        result.triangles.begin() + result.faceTriangleStart[run.face]);
+        });
+    }
+    return result;
+}
+
+double triangleArea(std::span<const Triangle> triangles, std::span<const Point3> points) {
+    double area = 0.0;
+    for (const auto& [a, b, c] : triangles)
+        area += 0.5 * length(cross(points[b] - points[a], points[c] - points[a]));
+    return area;
+}
+
+} // namespace oz::mesh

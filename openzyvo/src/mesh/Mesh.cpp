@@ -1,0 +1,71 @@
+#include "mesh/Mesh.h"
+
+#include "mesh/Normals.h"
+
+#include <tbb/parallel_for.h>
+
+namespace oz::mesh {
+
+Mesh::Mesh()
+    : uvSets_{UvSet{std::string(kDefaultUvSet), {}, {}, {}}} {}
+
+std::optional<Point3> Mesh::point(int32_t vertex) const {
+    if (vertex < 0 || vertex >= vertexCount())
+        return std::nullopt;
+    return points_[vertex];
+}
+
+Status Mesh::setPoints(std::span<const Point3> points) {
+    if (points.size() != points_.size())
+        return Status::SizeMismatch;
+    std::copy(points.begin(), points.end(), points_.begin());
+    pointsMoved();
+    return Status::Success;
+}
+
+Status Mesh::setPoint(int32_t vertex, Point3 p) {
+    if (vertex < 0 || vertex >= vertexCount())
+        return Status::InvalidIndex;
+    points_[vertex] = p;
+    pointsMoved();
+    return Status::Success;
+}
+
+BoundingBox Mesh::boundingBox() const {
+    BoundingBox box;
+    for (const Point3& p : points_)
+        box.expand(p);
+    return box;
+}
+
+std::shared_ptr<const Topology> Mesh::topology() const {
+    return topology_.get(topologyVersion_, [&] { return buildTopology(faces_, vertexCount()); });
+}
+
+std::shared_ptr<const Triangulation> Mesh::triangulation() const {
+    return triangulation_.get(topologyVersion_, [&] { return triangulateFaces(faces_, points_); });
+}
+
+std::shared_ptr<const std::vector<BoundingBox>> Mesh::faceBounds() const {
+    return faceBounds_.get(geometryVersion_, [&] {
+        std::vector<BoundingBox> bounds(static_cast<size_t>(faceCount()));
+        tbb::parallel_for(int32_t{0}, faceCount(), [&](int32_t f) {
+            for (const int32_t v : faces_.faceVertices(f))
+                bounds[f].expand(points_[v]);
+        });
+        return bounds;
+    });
+}
+
+std::optional<double> Mesh::triangulatedArea(int32_t face) const {
+    if (face < 0 || face >= faceCount())
+        return std::nullopt;
+    return triangleArea(triangulation()->faceTriangles(face), points_);
+}
+
+Status Mesh::closestIntersection(const Ray& ray, double maxDistance, double tolerance, RayHit& hit) const {
+    return oz::mesh::closestIntersection(ray, maxDistance, tolerance, *triangulation(), *faceBounds(),
+                                         points_, hit);
+}
+
+} // namespace oz::mesh

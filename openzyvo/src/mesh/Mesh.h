@@ -1,0 +1,166 @@
+#pragma once
+
+#include "mesh/BoundingBox.h"
+#include "mesh/CacheSlot.h"
+#include "mesh/Color.h"
+#include "mesh/FaceLoops.h"
+#include "mesh/FaceTriangulation.h"
+#include "mesh/HoleList.h"
+#include "mesh/RayIntersection.h"
+#include "mesh/Status.h"
+#include "mesh/Topology.h"
+#include "mesh/UvSet.h"
+#include "mesh/Vec3.h"
+#include "mesh/VertexMerge.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace oz::mesh {
+
+// A polygon mesh as a value: points, faces made of an outer loop and hole loops of vertex ids,
+// per-face-vertex normals, optional vertex colours and named uv sets. Copies are independent
+// and cheap to make where it matters: derived tables (topology, triangulation, face boxes) are
+// immutable snapshots shared between copies and rebuilt only when the data they derive from
+// changes. Moving points never rebuilds topology or the triangle lists.
+//
+// Every operation that can fail returns a Status and leaves the mesh untouched on failure.
+// Queries given an invalid id return an empty span or std::nullopt. Const member functions may
+// be called from several threads at once.
+class Mesh {
+public:
+    static constexpr std::string_view kDefaultUvSet = "map1";
+
+    Mesh();
+
+    // --- Building -------------------------------------------------------------------------------
+
+    // Replaces the whole mesh by `faceCounts.size()` faces without holes whose vertex ids follow
+    // one another in `faceConnects`. Normals, colours and uvs start afresh.
+    Status create(std::span<const Point3> points, std::span<const int32_t> faceCounts,
+                  std::span<const int32_t> faceConnects);
+
+    // Appends a face from `points`: the first loopCounts[0] points are its outer loop, the next
+    // loopCounts[1] its first hole, and so on. With `mergeVertices`, a point within `tolerance`
+    // of an existing vertex (or of an earlier point of this call) reuses that vertex instead of
+    // adding one; a loop that merging leaves with fewer than 3 distinct vertices fails the call.
+    Status addPolygon(std::span<const Point3> points, std::span<const int32_t> loopCounts, bool mergeVertices,
+                      double tolerance, int32_t& faceIndex);
+
+    // Appends hole loops (one per entry of `loopCounts`) to an existing face.
+    Status addHoles(int32_t face, std::span<const Point3> points, std::span<const int32_t> loopCounts,
+                    bool mergeVertices, double tolerance);
+
+    // --- Counts and faces -----------------------------------------------------------------------
+
+    int32_t vertexCount() const { return static_cast<int32_t>(points_.size()); }
+    int32_t faceCount() const { return faces_.faceCount(); }
+    int32_t faceVertexCount() const { return faces_.faceVertexCount(); }
+    int32_t edgeCount() const { return topology()->edgeCount(); }
+
+    const FaceLoops& faces() const { return faces_; }
+    std::span<const int32_t> outerLoop(int32_t face) const { return faces_.loop(face, 0); }
+    // All loops of the face, outer first.
+    std::span<const int32_t> faceVertices(int32_t face) const { return faces_.faceVertices(face); }
+    HoleList holes() const;
+
+    // --- Points ---------------------------------------------------------------------------------
+
+    std::span<const Point3> points() const { return points_; }
+    std::optional<Point3> point(int32_t vertex) const;
+    Status setPoints(std::span<const Point3> points);
+    Status setPoint(int32_t vertex, Point3 p);
+    BoundingBox boundingBox() const;
+
+    // --- Normals --------------------------------------------------------------------------------
+
+    // Unit Newell normal of the face's outer loop; the zero vector for a degenerate face.
+    std::optional<Vector3> faceNormal(int32_t face) const;
+    // Angle-weighted average of the normals of the faces around a vertex (see Normals.h).
+    std::optional<Vector3> vertexNormal(int32_t vertex) const;
+    std::vector<Vector3> vertexNormals() const;
+
+    // One normal per face-vertex. Until setNormals is called each is its face's normal (edges are
+    // hard); after it, faces added later start with their face normal again.
+    bool hasExplicitNormals() const { return normalsSet_; }
+    std::vector<Vector3> normals() const;
+    Status faceVertexNormals(int32_t face, std::vector<Vector3>& out) const;
+    Status setNormals(std::span<const Vector3> normals);
+
+    // --- Vertex colours -------------------------------------------------------------------------
+
+    bool hasVertexColors() const { return !colors_.empty(); }
+    // The colour set on the vertex, or nullopt when it has none.
+    std::optional<Color> vertexColor(int32_t vertex) const;
+    Status setVertexColors(std::span<const Color> colors, std::span<const int32_t> vertices);
+    void clearVertexColors();
+
+    // --- UVs ------------------------------------------------------------------------------------
+
+    std::vector<std::string> uvSetNames() const;
+    const UvSet* uvSet(std::string_view name) const;
+    Status createUvSet(std::string_view name);
+    // Replaces the coordinates of a set; face-vertices keep their uv ids where still in range.
+    Status setUvs(std::string_view set, std::span<const float> u, std::span<const float> v);
+    // Sets the uv id of every face-vertex (UvSet::kNoUv for none).
+    Status assignUvIds(std::string_view set, std::span<const int32_t> faceVertexUvIds);
+
+    // --- Derived tables -------------------------------------------------------------------------
+
+    // Bumped by every change of faces or vertex count.
+    uint64_t topologyVersion() const { return topologyVersion_; }
+    // Bumped by every change of points, including the topology changes that add points.
+    uint64_t geometryVersion() const { return geometryVersion_; }
+
+    std::shared_ptr<const Topology> topology() const;
+    std::shared_ptr<const Triangulation> triangulation() const;
+    // Sum of the areas of the face's triangles.
+    std::optional<double> triangulatedArea(int32_t face) const;
+    Status closestIntersection(const Ray& ray, double maxDistance, double tolerance, RayHit& hit) const;
+
+private:
+    // Maps `points` to vertex ids, merging when asked, without changing the mesh; new points are
+    // returned in `added` and take ids from vertexCount() on.
+    Status resolveVertices(std::span<const Point3> points, std::span<const int32_t> loopCounts, bool merge,
+                           double tolerance, std::vector<int32_t>& ids, std::vector<int32_t>& counts,
+                           std::vector<Point3>& added);
+    UvSet* findUvSet(std::string_view name);
+    void appendPoints(std::span<const Point3> added);
+    void insertFaceVertexData(int32_t at, int32_t count, int32_t face);
+    std::shared_ptr<const std::vector<BoundingBox>> faceBounds() const;
+    void topologyChanged();
+    void pointsMoved();
+
+    // Building state, not part of the mesh's value: copies start without it.
+    struct MergeIndexHolder {
+        MergeIndexHolder() = default;
+        MergeIndexHolder(const MergeIndexHolder&) {}
+        MergeIndexHolder& operator=(const MergeIndexHolder&) {
+            index.reset();
+            return *this;
+        }
+        std::unique_ptr<VertexMergeIndex> index;
+    };
+
+    std::vector<Point3> points_;
+    FaceLoops faces_;
+    bool normalsSet_ = false;
+    std::vector<Vector3> normals_; // one per face-vertex once set, else empty
+    std::vector<Color> colors_;    // empty, or one per vertex
+    std::vector<uint8_t> colorSet_;
+    std::vector<UvSet> uvSets_;
+    uint64_t topologyVersion_ = 0;
+    uint64_t geometryVersion_ = 0;
+
+    MergeIndexHolder merge_;
+    CacheSlot<Topology> topology_;
+    CacheSlot<Triangulation> triangulation_;
+    CacheSlot<std::vector<BoundingBox>> faceBounds_;
+};
+
+} // namespace oz::mesh

@@ -1,0 +1,192 @@
+#include "mesh/Mesh.h"
+#include "mesh/Normals.h"
+
+#include <limits>
+#include <numeric>
+
+namespace oz::mesh {
+
+namespace {
+
+constexpr int64_t kMaxIds = std::numeric_limits<int32_t>::max();
+
+// Drops ids that repeat their predecessor (also across the loop's closing edge), as merging
+// coincident neighbours leaves them; returns the loop's new length.
+size_t dropRepeats(std::vector<int32_t>& ids, size_t begin, size_t count) {
+    size_t end = begin;
+    for (size_t i = begin; i < begin + count; ++i) {
+        if (end == begin || ids[end - 1] != ids[i])
+            ids[end++] = ids[i];
+    }
+    while (end - begin > 1 && ids[end - 1] == ids[begin])
+        --end;
+    return end - begin;
+}
+
+} // namespace
+
+Status Mesh::create(std::span<const Point3> points, std::span<const int32_t> faceCounts,
+                    std::span<const int32_t> faceConnects) {
+    if (static_cast<int64_t>(points.size()) > kMaxIds || static_cast<int64_t>(faceConnects.size()) > kMaxIds)
+        return Status::TooLarge;
+    if (const Status s = validateLoops(faceCounts, faceConnects, static_cast<int32_t>(points.size()));
+        s != Status::Success)
+        return s;
+
+    FaceLoops faces;
+    size_t begin = 0;
+    for (const int32_t count : faceCounts) {
+        faces.appendFace(std::span(&count, 1), faceConnects.subspan(begin, static_cast<size_t>(count)));
+        begin += static_cast<size_t>(count);
+    }
+    points_.assign(points.begin(), points.end());
+    faces_ = std::move(faces);
+    normalsSet_ = false;
+    normals_.clear();
+    clearVertexColors();
+    uvSets_.assign(1, UvSet{std::string(kDefaultUvSet), {}, {}, {}});
+    uvSets_.front().faceVertexUvIds.assign(faceConnects.size(), UvSet::kNoUv);
+    merge_.index.reset();
+    topologyChanged();
+    return Status::Success;
+}
+
+Status Mesh::resolveVertices(std::span<const Point3> points, std::span<const int32_t> loopCounts, bool merge,
+                             double tolerance, std::vector<int32_t>& ids, std::vector<int32_t>& counts,
+                             std::vector<Point3>& added) {
+    if (loopCounts.empty() || (merge && !(tolerance >= 0.0)))
+        return Status::InvalidArgument;
+    int64_t total = 0;
+    for (const int32_t count : loopCounts) {
+        if (count < 3)
+            return Status::InvalidArgument;
+        total += count;
+    }
+    if (total != static_cast<int64_t>(points.size()))
+        return Status::SizeMismatch;
+    if (vertexCount() + total > kMaxIds || faceVertexCount() + total > kMaxIds)
+        return Status::TooLarge;
+
+    counts.assign(loopCounts.begin(), loopCounts.end());
+    if (!merge) {
+        added.assign(points.begin(), points.end());
+        ids.resize(points.size());
+        std::iota(ids.begin(), ids.end(), vertexCount());
+        return Status::Success;
+    }
+
+    if (!merge_.index || merge_.index->tolerance() != tolerance)
+        merge_.index = std::make_unique<VertexMergeIndex>(tolerance);
+    merge_.index->extend(points_);
+    VertexMergeIndex fresh(tolerance);
+    added.clear();
+    ids.clear();
+    for (const Point3& p : points) {
+        int32_t id = merge_.index->find(p, points_);
+        if (id < 0) {
+            const int32_t earlier = fresh.find(p, added);
+            if (earlier >= 0) {
+                id = vertexCount() + earlier;
+            } else {
+                id = vertexCount() + static_cast<int32_t>(added.size());
+                added.push_back(p);
+                fresh.extend(added);
+            }
+        }
+        ids.push_back(id);
+    }
+
+    size_t read = 0;
+    size_t write = 0;
+    for (int32_t& count : counts) {
+        std::copy(ids.begin() + static_cast<std::ptrdiff_t>(read),
+                  ids.begin() + static_cast<std::ptrdiff_t>(read + static_cast<size_t>(count)),
+                  ids.begin() + static_cast<std::ptrdiff_t>(write));
+        read += static_cast<size_t>(count);
+        count = static_cast<int32_t>(dropRepeats(ids, write, static_cast<size_t>(count)));
+        if (count < 3)
+            return Status::DegenerateLoop;
+        write += static_cast<size_t>(count);
+    }
+    ids.resize(write);
+    return Status::Success;
+}
+
+void Mesh::appendPoints(std::span<const Point3> added) {
+    points_.insert(points_.end(), added.begin(), added.end());
+    if (hasVertexColors()) {
+        colors_.resize(points_.size());
+        colorSet_.resize(points_.size(), 0);
+    }
+}
+
+void Mesh::insertFaceVertexData(int32_t at, int32_t count, int32_t face) {
+    if (normalsSet_) {
+        const Vector3 n = oz::mesh::faceNormal(faces_, points_, face);
+        normals_.insert(normals_.begin() + at, static_cast<size_t>(count), n);
+    }
+    for (UvSet& set : uvSets_)
+        set.faceVertexUvIds.insert(set.faceVertexUvIds.begin() + at, static_cast<size_t>(count),
+                                   UvSet::kNoUv);
+}
+
+Status Mesh::addPolygon(std::span<const Point3> points, std::span<const int32_t> loopCounts,
+                        bool mergeVertices, double tolerance, int32_t& faceIndex) {
+    if (faceCount() >= kMaxIds)
+        return Status::TooLarge;
+    std::vector<int32_t> ids, counts;
+    std::vector<Point3> added;
+    if (const Status s = resolveVertices(points, loopCounts, mergeVertices, tolerance, ids, counts, added);
+        s != Status::Success)
+        return s;
+
+    appendPoints(added);
+    const int32_t at = faceVertexCount();
+    faces_.appendFace(counts, ids);
+    faceIndex = faceCount() - 1;
+    insertFaceVertexData(at, static_cast<int32_t>(ids.size()), faceIndex);
+    topologyChanged();
+    return Status::Success;
+}
+
+Status Mesh::addHoles(int32_t face, std::span<const Point3> points, std::span<const int32_t> loopCounts,
+                      bool mergeVertices, double tolerance) {
+    if (face < 0 || face >= faceCount())
+        return Status::InvalidIndex;
+    std::vector<int32_t> ids, counts;
+    std::vector<Point3> added;
+    if (const Status s = resolveVertices(points, loopCounts, mergeVertices, tolerance, ids, counts, added);
+        s != Status::Success)
+        return s;
+
+    appendPoints(added);
+    const int32_t at = faces_.appendLoops(face, counts, ids);
+    insertFaceVertexData(at, static_cast<int32_t>(ids.size()), face);
+    topologyChanged();
+    return Status::Success;
+}
+
+HoleList Mesh::holes() const {
+    HoleList list;
+    for (int32_t f = 0; f < faceCount(); ++f) {
+        for (int32_t h = 1; h < faces_.faceLoopCount(f); ++h) {
+            const auto loop = faces_.loop(f, h);
+            list.info.insert(list.info.end(), {f, static_cast<int32_t>(loop.size()),
+                                               static_cast<int32_t>(list.vertices.size())});
+            list.vertices.insert(list.vertices.end(), loop.begin(), loop.end());
+        }
+    }
+    return list;
+}
+
+void Mesh::topologyChanged() {
+    ++topologyVersion_;
+    ++geometryVersion_;
+}
+
+void Mesh::pointsMoved() {
+    ++geometryVersion_;
+    merge_.index.reset();
+}
+
+} // namespace oz::mesh

@@ -1,0 +1,129 @@
+#include "mesh/Topology.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace oz::mesh {
+
+namespace {
+
+// For every face-vertex, the index of the next face-vertex of its loop (wrapping around).
+std::vector<int32_t> nextInLoop(const FaceLoops& faces) {
+    std::vector<int32_t> next(static_cast<size_t>(faces.faceVertexCount()));
+    const auto starts = faces.loopStart();
+    for (int32_t l = 0; l < faces.loopCount(); ++l) {
+        for (int32_t i = starts[l]; i < starts[l + 1]; ++i)
+            next[i] = i + 1 < starts[l + 1] ? i + 1 : starts[l];
+    }
+    return next;
+}
+
+// Rows of a CSR table from a per-row count, leaving the fill cursor at each row's start.
+void startRows(Csr& table, std::span<const int32_t> counts, std::vector<int32_t>& cursor) {
+    table.offsets.assign(counts.size() + 1, 0);
+    std::inclusive_scan(counts.begin(), counts.end(), table.offsets.begin() + 1);
+    table.items.assign(static_cast<size_t>(table.offsets.back()), 0);
+    cursor.assign(table.offsets.begin(), table.offsets.end() - 1);
+}
+
+// Numbers the distinct undirected edges by first use and records each face-vertex's edge.
+void numberEdges(const FaceLoops& faces, std::span<const int32_t> next, int32_t vertexCount, Topology& topo) {
+    const auto ids = faces.vertexIds();
+    const auto fvCount = static_cast<int32_t>(ids.size());
+
+    // Bucket face-vertices by the lower vertex id of their edge, then sort each bucket by the
+    // higher id: equal edges end up side by side, and the smallest face-vertex of each run is
+    // the edge's first use.
+    std::vector<int32_t> counts(static_cast<size_t>(vertexCount), 0);
+    for (int32_t i = 0; i < fvCount; ++i)
+        ++counts[std::min(ids[i], ids[next[i]])];
+    Csr buckets;
+    std::vector<int32_t> cursor;
+    startRows(buckets, counts, cursor);
+    for (int32_t i = 0; i < fvCount; ++i)
+        buckets.items[cursor[std::min(ids[i], ids[next[i]])]++] = i;
+
+    std::vector<int32_t> firstUse(static_cast<size_t>(fvCount));
+    for (int32_t v = 0; v < vertexCount; ++v) {
+        const auto begin = buckets.items.begin() + buckets.offsets[v];
+        const auto end = buckets.items.begin() + buckets.offsets[v + 1];
+        const auto high = [&](int32_t i) {
+            return std::max(ids[i], ids[next[i]]);
+        };
+        std::sort(begin, end,
+                  [&](int32_t a, int32_t b) { return std::pair(high(a), a) < std::pair(high(b), b); });
+        for (auto it = begin; it != end; ++it)
+            firstUse[*it] = (it != begin && high(*(it - 1)) == high(*it)) ? firstUse[*(it - 1)] : *it;
+    }
+
+    topo.faceVertexEdges.assign(static_cast<size_t>(fvCount), -1);
+    for (int32_t i = 0; i < fvCount; ++i) {
+        if (firstUse[i] == i) {
+            topo.faceVertexEdges[i] = static_cast<int32_t>(topo.edgeVertices.size());
+            topo.edgeVertices.push_back({ids[i], ids[next[i]]});
+        } else {
+            topo.faceVertexEdges[i] = topo.faceVertexEdges[firstUse[i]];
+        }
+    }
+}
+
+// Per-face rows of `perFaceVertex` values with repeats within a face dropped; also returns the
+// inverse table (per value, the faces listing it, ascending).
+void faceRows(const FaceLoops& faces, std::span<const int32_t> perFaceVertex, int32_t valueCount, Csr& byFace,
+              Csr& byValue) {
+    std::vector<int32_t> seenBy(static_cast<size_t>(valueCount), -1);
+    std::vector<int32_t> counts(static_cast<size_t>(valueCount), 0);
+    byFace.offsets.assign(1, 0);
+    byFace.items.clear();
+    for (int32_t f = 0; f < faces.faceCount(); ++f) {
+        for (int32_t i = faces.faceVertexStart(f); i < faces.faceVertexStart(f + 1); ++i) {
+            const int32_t value = perFaceVertex[i];
+            if (seenBy[value] != f) {
+                seenBy[value] = f;
+                byFace.items.push_back(value);
+                ++counts[value];
+            }
+        }
+        byFace.offsets.push_back(static_cast<int32_t>(byFace.items.size()));
+    }
+    std::vector<int32_t> cursor;
+    startRows(byValue, counts, cursor);
+    for (int32_t f = 0; f < byFace.rowCount(); ++f) {
+        for (const int32_t value : byFace[f])
+            byValue.items[cursor[value]++] = f;
+    }
+}
+
+void vertexRows(int32_t vertexCount, Topology& topo) {
+    std::vector<int32_t> counts(static_cast<size_t>(vertexCount), 0);
+    for (const auto& [a, b] : topo.edgeVertices) {
+        ++counts[a];
+        ++counts[b];
+    }
+    std::vector<int32_t> cursor;
+    startRows(topo.vertexEdges, counts, cursor);
+    topo.vertexVertices = topo.vertexEdges;
+    for (int32_t e = 0; e < topo.edgeCount(); ++e) {
+        const auto [a, b] = topo.edgeVertices[e];
+        topo.vertexVertices.items[cursor[a]] = b;
+        topo.vertexEdges.items[cursor[a]++] = e;
+        topo.vertexVertices.items[cursor[b]] = a;
+        topo.vertexEdges.items[cursor[b]++] = e;
+    }
+}
+
+} // namespace
+
+Topology buildTopology(const FaceLoops& faces, int32_t vertexCount) {
+    Topology topo;
+    vertexCount = std::max(vertexCount, faces.vertexIdBound());
+    const std::vector<int32_t> next = nextInLoop(faces);
+    numberEdges(faces, next, vertexCount, topo);
+    faceRows(faces, topo.faceVertexEdges, topo.edgeCount(), topo.faceEdges, topo.edgeFaces);
+    Csr faceVertexRows;
+    faceRows(faces, faces.vertexIds(), vertexCount, faceVertexRows, topo.vertexFaces);
+    vertexRows(vertexCount, topo);
+    return topo;
+}
+
+} // namespace oz::mesh

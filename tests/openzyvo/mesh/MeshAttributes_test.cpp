@@ -1,0 +1,129 @@
+#include "MeshTestShapes.h"
+
+#include <gtest/gtest.h>
+
+namespace oz::mesh {
+namespace {
+
+using namespace test;
+
+void expectNear(Vector3 a, Vector3 b) {
+    EXPECT_LT(length(a - b), 1e-12) << a.x << " " << a.y << " " << a.z;
+}
+
+TEST(MeshCreate, RejectsBadConnectsAndKeepsTheOldMesh) {
+    Mesh mesh = cube();
+    const auto points = square(0, 0, 1);
+    EXPECT_EQ(mesh.create(points, std::vector<int32_t>{4}, std::vector<int32_t>{0, 1, 2}),
+              Status::SizeMismatch);
+    EXPECT_EQ(mesh.create(points, std::vector<int32_t>{4}, std::vector<int32_t>{0, 1, 2, 4}),
+              Status::InvalidIndex);
+    EXPECT_EQ(mesh.create(points, std::vector<int32_t>{4}, std::vector<int32_t>{0, 1, 1, 2}),
+              Status::DegenerateLoop);
+    EXPECT_EQ(mesh.create(points, std::vector<int32_t>{2, 2}, std::vector<int32_t>{0, 1, 2, 3}),
+              Status::InvalidArgument);
+    EXPECT_EQ(mesh.vertexCount(), 8);
+    EXPECT_EQ(mesh.faceCount(), 6);
+
+    ASSERT_EQ(mesh.create({}, {}, {}), Status::Success);
+    EXPECT_EQ(mesh.vertexCount(), 0);
+    EXPECT_EQ(mesh.edgeCount(), 0);
+    EXPECT_TRUE(mesh.boundingBox().empty());
+}
+
+TEST(MeshPoints, GetSetAndBounds) {
+    Mesh mesh = cube({1, 2, 3});
+    EXPECT_EQ(*mesh.point(7), (Point3{2, 3, 4}));
+    EXPECT_FALSE(mesh.point(8));
+    EXPECT_EQ(mesh.setPoint(8, {}), Status::InvalidIndex);
+    EXPECT_EQ(mesh.setPoints(std::vector<Point3>(7)), Status::SizeMismatch);
+    ASSERT_EQ(mesh.setPoint(0, {-1, 0, 0}), Status::Success);
+    const BoundingBox box = mesh.boundingBox();
+    EXPECT_EQ(box.min, (Point3{-1, 0, 0}));
+    EXPECT_EQ(box.max, (Point3{2, 3, 4}));
+}
+
+TEST(MeshNormals, FaceAndAngleWeightedVertexNormals) {
+    const Mesh mesh = cube();
+    expectNear(*mesh.faceNormal(0), {0, 0, -1});
+    expectNear(*mesh.faceNormal(5), {1, 0, 0});
+    const double c = 1.0 / std::sqrt(3.0);
+    expectNear(*mesh.vertexNormal(0), {-c, -c, -c});
+    expectNear(mesh.vertexNormals()[7], {c, c, c});
+
+    // Cutting the top face into two triangles leaves every vertex normal as it was: the weight is
+    // the corner angle, which the cut only splits.
+    std::vector<int32_t> connects{0, 2, 3, 1, 4, 5, 7, 4, 7, 6, 0, 1, 5,
+                                  4, 2, 6, 7, 3, 0, 4, 6, 2, 1, 3, 7, 5};
+    Mesh cut;
+    ASSERT_EQ(cut.create(mesh.points(), std::vector<int32_t>{4, 3, 3, 4, 4, 4, 4}, connects),
+              Status::Success);
+    for (int32_t v = 0; v < 8; ++v)
+        expectNear(cut.vertexNormals()[v], mesh.vertexNormals()[v]);
+    expectNear(*cut.vertexNormal(5), mesh.vertexNormals()[5]);
+}
+
+TEST(MeshNormals, DerivedUntilSetThenKept) {
+    Mesh mesh;
+    addFace(mesh, {square(0, 0, 1), reversed(square(0.25, 0.25, 0.5))});
+    EXPECT_FALSE(mesh.hasExplicitNormals());
+    std::vector<Vector3> normals;
+    ASSERT_EQ(mesh.faceVertexNormals(0, normals), Status::Success);
+    ASSERT_EQ(normals.size(), 8u);
+    for (const Vector3& n : normals)
+        expectNear(n, {0, 0, 1});
+
+    EXPECT_EQ(mesh.setNormals(std::vector<Vector3>(7)), Status::SizeMismatch);
+    ASSERT_EQ(mesh.setNormals(std::vector<Vector3>(8, Vector3{0, 0, -1})), Status::Success);
+    EXPECT_TRUE(mesh.hasExplicitNormals());
+
+    addFace(mesh, {reversed(square(5, 5, 1))});
+    ASSERT_EQ(mesh.normals().size(), 12u);
+    expectNear(mesh.normals()[7], {0, 0, -1});
+    expectNear(mesh.normals()[8], {0, 0, -1});
+    ASSERT_EQ(mesh.faceVertexNormals(0, normals), Status::Success);
+    expectNear(normals[0], {0, 0, -1});
+    EXPECT_EQ(mesh.faceVertexNormals(2, normals), Status::InvalidIndex);
+}
+
+TEST(MeshColors, SetPerVertexAndAbsentElsewhere) {
+    Mesh mesh;
+    addFace(mesh, {square(0, 0, 1)});
+    EXPECT_FALSE(mesh.vertexColor(0));
+    const Color red{1, 0, 0, 1};
+    EXPECT_EQ(mesh.setVertexColors(std::vector<Color>{red}, std::vector<int32_t>{4}), Status::InvalidIndex);
+    EXPECT_EQ(mesh.setVertexColors(std::vector<Color>{red}, std::vector<int32_t>{}), Status::SizeMismatch);
+    ASSERT_EQ(mesh.setVertexColors(std::vector<Color>{red, red}, std::vector<int32_t>{1, 3}),
+              Status::Success);
+    EXPECT_EQ(*mesh.vertexColor(3), red);
+    EXPECT_FALSE(mesh.vertexColor(0));
+
+    addFace(mesh, {square(5, 0, 1)});
+    EXPECT_FALSE(mesh.vertexColor(6));
+    ASSERT_EQ(mesh.setVertexColors(std::vector<Color>{red}, std::vector<int32_t>{6}), Status::Success);
+    EXPECT_EQ(*mesh.vertexColor(6), red);
+}
+
+TEST(MeshUvs, DefaultSetAndAssignment) {
+    Mesh mesh;
+    addFace(mesh, {{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}});
+    EXPECT_EQ(mesh.uvSetNames(), (std::vector<std::string>{"map1"}));
+    EXPECT_EQ(mesh.uvSet("map1")->faceVertexUvIds, (std::vector<int32_t>(3, UvSet::kNoUv)));
+
+    EXPECT_EQ(mesh.createUvSet("map1"), Status::InvalidArgument);
+    ASSERT_EQ(mesh.createUvSet("atlas"), Status::Success);
+    EXPECT_EQ(mesh.setUvs("nope", {}, {}), Status::UnknownUvSet);
+    const std::vector<float> u{0, 1, 0}, v{0, 0, 1};
+    EXPECT_EQ(mesh.setUvs("atlas", u, std::vector<float>{0}), Status::SizeMismatch);
+    ASSERT_EQ(mesh.setUvs("atlas", u, v), Status::Success);
+    EXPECT_EQ(mesh.assignUvIds("atlas", std::vector<int32_t>{0, 1, 3}), Status::InvalidIndex);
+    EXPECT_EQ(mesh.assignUvIds("atlas", std::vector<int32_t>{0, 1}), Status::SizeMismatch);
+    ASSERT_EQ(mesh.assignUvIds("atlas", std::vector<int32_t>{0, 1, 2}), Status::Success);
+
+    // Shrinking the coordinates drops the ids that would point past them.
+    ASSERT_EQ(mesh.setUvs("atlas", std::vector<float>{0, 1}, std::vector<float>{0, 0}), Status::Success);
+    EXPECT_EQ(mesh.uvSet("atlas")->faceVertexUvIds, (std::vector<int32_t>{0, 1, UvSet::kNoUv}));
+}
+
+} // namespace
+} // namespace oz::mesh

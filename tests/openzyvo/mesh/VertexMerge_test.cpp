@@ -1,0 +1,127 @@
+#include "MeshTestShapes.h"
+#include "mesh/VertexMerge.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace oz::mesh {
+namespace {
+
+using namespace test;
+
+TEST(VertexMerge, ReusesVerticesWithinToleranceOnly) {
+    Mesh mesh;
+    addFace(mesh, {square(0, 0, 1)});
+    // Two corners of the new square lie within 0.05 of existing corners, one lies just outside.
+    const std::vector<Point3> next{{1.04, 0, 0}, {2, 0, 0}, {2, 1, 0}, {1, 1.0 + 0.051, 0}};
+    int32_t face = -1;
+    ASSERT_EQ(mesh.addPolygon(next, std::vector<int32_t>{4}, true, 0.05, face), Status::Success);
+
+    EXPECT_EQ(face, 1);
+    EXPECT_EQ(mesh.vertexCount(), 4 + 3);
+    const auto loop = mesh.outerLoop(1);
+    EXPECT_EQ(loop[0], 1);
+    EXPECT_EQ(loop[1], 4);
+    EXPECT_EQ(loop[3], 6);
+    EXPECT_EQ(mesh.topology()->edgeFaces[mesh.topology()->faceVertexEdges[4]].size(), 1u);
+}
+
+TEST(VertexMerge, ExactToleranceMergesAndMergeOffNeverDoes) {
+    Mesh merged;
+    addFace(merged, {square(0, 0, 1)});
+    EXPECT_EQ(addFace(merged, {{{-0.25, 0, 0}, {5, 0, 0}, {0, 1.25 + 1e-9, 0}}}, true, 0.25), 1);
+    EXPECT_EQ(merged.vertexCount(), 4 + 2);
+    EXPECT_EQ(merged.outerLoop(1)[0], 0);
+
+    Mesh separate;
+    addFace(separate, {square(0, 0, 1)});
+    EXPECT_EQ(addFace(separate, {square(0, 0, 1)}, false, 1.0), 1);
+    EXPECT_EQ(separate.vertexCount(), 8);
+    EXPECT_EQ(separate.edgeCount(), 8);
+}
+
+TEST(VertexMerge, PicksTheClosestCandidate) {
+    Mesh mesh;
+    addFace(mesh, {{{0, 0, 0}, {0.3, 0, 0}, {0, 1, 0}}});
+    int32_t face = -1;
+    ASSERT_EQ(mesh.addPolygon(std::vector<Point3>{{0.2, 0, 0}, {5, 0, 0}, {5, 5, 0}}, std::vector<int32_t>{3},
+                              true, 0.5, face),
+              Status::Success);
+    EXPECT_EQ(mesh.outerLoop(face)[0], 1);
+}
+
+TEST(VertexMerge, PointsOfOneCallMergeWithEachOther) {
+    // Coincident neighbours collapse into one vertex and the loop keeps its distinct corners.
+    Mesh mesh;
+    const std::vector<Point3> loop{{0, 0, 0}, {1, 0, 0}, {1, 0, 1e-12}, {1, 1, 0}, {0, 1, 0}};
+    int32_t face = -1;
+    ASSERT_EQ(mesh.addPolygon(loop, std::vector<int32_t>{5}, true, 1e-10, face), Status::Success);
+    EXPECT_EQ(mesh.vertexCount(), 4);
+    EXPECT_EQ(mesh.outerLoop(face).size(), 4u);
+}
+
+TEST(VertexMerge, LoopCollapsingBelowThreeVerticesFailsAndChangesNothing) {
+    Mesh mesh;
+    addFace(mesh, {square(0, 0, 1)});
+    const uint64_t version = mesh.topologyVersion();
+    int32_t face = -1;
+    const std::vector<Point3> sliver{{0, 0, 0}, {0.001, 0, 0}, {1, 0, 0}};
+    EXPECT_EQ(mesh.addPolygon(sliver, std::vector<int32_t>{3}, true, 0.01, face), Status::DegenerateLoop);
+    EXPECT_EQ(mesh.addHoles(0, sliver, std::vector<int32_t>{3}, true, 0.01), Status::DegenerateLoop);
+    EXPECT_EQ(mesh.vertexCount(), 4);
+    EXPECT_EQ(mesh.faceCount(), 1);
+    EXPECT_EQ(mesh.topologyVersion(), version);
+}
+
+TEST(VertexMerge, IndexFollowsMovedPoints) {
+    Mesh mesh;
+    addFace(mesh, {square(0, 0, 1)});
+    addFace(mesh, {square(5, 0, 1)}, true, 1e-6);
+    ASSERT_EQ(mesh.setPoint(0, {5, 5, 5}), Status::Success);
+    int32_t face = -1;
+    ASSERT_EQ(mesh.addPolygon(std::vector<Point3>{{5, 5, 5}, {0, 0, 0}, {9, 9, 9}}, std::vector<int32_t>{3},
+                              true, 1e-6, face),
+              Status::Success);
+    EXPECT_EQ(mesh.outerLoop(face)[0], 0);
+    EXPECT_EQ(mesh.outerLoop(face)[1], 8);
+}
+
+TEST(VertexMerge, IndexAgreesWithBruteForce) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> coordinate(-1.0, 1.0);
+    std::vector<Point3> points(2000);
+    for (Point3& p : points)
+        p = {coordinate(random), coordinate(random), coordinate(random)};
+    const double tolerance = 0.05;
+    VertexMergeIndex index(tolerance);
+    index.extend(points);
+
+    for (int i = 0; i < 500; ++i) {
+        const Point3 q{coordinate(random), coordinate(random), coordinate(random)};
+        int32_t expected = -1;
+        double best = tolerance * tolerance;
+        for (int32_t id = 0; id < static_cast<int32_t>(points.size()); ++id) {
+            const double d = dot(points[id] - q, points[id] - q);
+            if (d < best || (d == best && expected < 0)) {
+                best = d;
+                expected = id;
+            }
+        }
+        EXPECT_EQ(index.find(q, points), expected);
+    }
+}
+
+TEST(VertexMerge, RejectsBadArguments) {
+    Mesh mesh;
+    int32_t face = -1;
+    const auto points = square(0, 0, 1);
+    EXPECT_EQ(mesh.addPolygon(points, std::vector<int32_t>{4}, true, -1.0, face), Status::InvalidArgument);
+    EXPECT_EQ(mesh.addPolygon(points, std::vector<int32_t>{5}, false, 0.0, face), Status::SizeMismatch);
+    EXPECT_EQ(mesh.addPolygon(points, std::vector<int32_t>{2, 2}, false, 0.0, face), Status::InvalidArgument);
+    EXPECT_EQ(mesh.addPolygon(points, std::vector<int32_t>{}, false, 0.0, face), Status::InvalidArgument);
+    EXPECT_EQ(mesh.addHoles(0, points, std::vector<int32_t>{4}, false, 0.0), Status::InvalidIndex);
+    EXPECT_EQ(mesh.faceCount(), 0);
+}
+
+} // namespace
+} // namespace oz::mesh
