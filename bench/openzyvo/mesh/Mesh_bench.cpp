@@ -46,6 +46,33 @@ void BM_TriangulateFacesWithHoles(benchmark::State& state) {
 }
 BENCHMARK(BM_TriangulateFacesWithHoles)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+// How an extrusion rebuild puts holes back into its caps: the mesh is created without holes, then
+// every cap (every other face here) gets its holes one call at a time, front to back.
+void BM_ReinsertCapHoles(benchmark::State& state) {
+    const Mesh source = holedFaces(static_cast<int>(state.range(0)));
+    std::vector<int32_t> counts, connects;
+    for (int32_t f = 0; f < source.faceCount(); ++f) {
+        for (const int32_t face : {f, f}) {
+            const auto outer = source.outerLoop(face);
+            counts.push_back(static_cast<int32_t>(outer.size()));
+            connects.insert(connects.end(), outer.begin(), outer.end());
+        }
+    }
+    for (auto _ : state) {
+        Mesh mesh;
+        mesh.create(source.points(), counts, connects);
+        for (int32_t f = 0; f < source.faceCount(); ++f) {
+            const auto holes = source.faceVertices(f).subspan(source.outerLoop(f).size());
+            std::vector<Point3> points;
+            for (const int32_t v : holes)
+                points.push_back(source.points()[v]);
+            mesh.addHoles(2 * f, points, std::vector<int32_t>{4, 4}, true, 1e-10);
+        }
+        benchmark::DoNotOptimize(mesh.faceVertexCount());
+    }
+}
+BENCHMARK(BM_ReinsertCapHoles)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
 void BM_BuildTopology(benchmark::State& state) {
     const Mesh mesh = holedFaces(static_cast<int>(state.range(0)));
     for (auto _ : state) {

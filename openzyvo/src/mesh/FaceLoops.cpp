@@ -4,59 +4,119 @@
 
 namespace oz::mesh {
 
-int32_t FaceLoops::faceLoopCount(int32_t face) const {
-    if (face < 0 || face >= faceCount())
-        return 0;
-    return faceLoopStart_[face + 1] - faceLoopStart_[face];
+namespace {
+
+// Leftovers below this never trigger a compaction: small meshes are not worth the copy.
+constexpr int32_t kMinWaste = 4096;
+
+// Appends values[from .. from + count) to the end of the same vector.
+void appendOwnRun(std::vector<int32_t>& values, int32_t from, int32_t count) {
+    reserveGrowing(values, values.size() + static_cast<size_t>(count));
+    for (int32_t i = 0; i < count; ++i)
+        values.push_back(values[static_cast<size_t>(from + i)]);
 }
 
+} // namespace
+
 std::span<const int32_t> FaceLoops::loop(int32_t face, int32_t loop) const {
-    if (loop < 0 || loop >= faceLoopCount(face))
+    if (!valid(face) || loop < 0 || loop >= faces_[face].loopCount)
         return {};
-    const int32_t l = faceLoopStart_[face] + loop;
-    return std::span<const int32_t>(vertexIds_).subspan(loopStart_[l], loopStart_[l + 1] - loopStart_[l]);
+    const Face& f = faces_[face];
+    const int32_t begin = loopOffsets_[f.loopStart + loop];
+    const int32_t end = loop + 1 < f.loopCount ? loopOffsets_[f.loopStart + loop + 1] : f.vertexCount;
+    return std::span<const int32_t>(vertexIds_).subspan(f.vertexStart + begin, end - begin);
 }
 
 std::span<const int32_t> FaceLoops::faceVertices(int32_t face) const {
-    if (face < 0 || face >= faceCount())
+    if (!valid(face))
         return {};
-    const int32_t begin = faceVertexStart(face);
-    return std::span<const int32_t>(vertexIds_).subspan(begin, faceVertexStart(face + 1) - begin);
+    return std::span<const int32_t>(vertexIds_).subspan(faces_[face].vertexStart, faces_[face].vertexCount);
+}
+
+std::vector<int32_t> FaceLoops::faceVertexOffsets() const {
+    std::vector<int32_t> offsets(faces_.size() + 1, 0);
+    for (size_t f = 0; f < faces_.size(); ++f)
+        offsets[f + 1] = offsets[f] + faces_[f].vertexCount;
+    return offsets;
 }
 
 int32_t FaceLoops::vertexIdBound() const {
-    return vertexIds_.empty() ? 0 : *std::max_element(vertexIds_.begin(), vertexIds_.end()) + 1;
-}
-
-void FaceLoops::appendFace(std::span<const int32_t> loopCounts, std::span<const int32_t> vertexIds) {
-    for (const int32_t count : loopCounts)
-        loopStart_.push_back(loopStart_.back() + count);
-    faceLoopStart_.push_back(faceLoopStart_.back() + static_cast<int32_t>(loopCounts.size()));
-    vertexIds_.insert(vertexIds_.end(), vertexIds.begin(), vertexIds.end());
-}
-
-int32_t FaceLoops::appendLoops(int32_t face, std::span<const int32_t> loopCounts,
-                               std::span<const int32_t> vertexIds) {
-    const int32_t at = faceVertexStart(face + 1);
-    const int32_t loopAt = faceLoopStart_[face + 1];
-    const auto added = static_cast<int32_t>(vertexIds.size());
-    const auto addedLoops = static_cast<int32_t>(loopCounts.size());
-
-    // Holes added to the last face (how faces are usually built) append without moving anything.
-    vertexIds_.insert(vertexIds_.begin() + at, vertexIds.begin(), vertexIds.end());
-    std::vector<int32_t> newStarts;
-    newStarts.reserve(loopCounts.size());
-    int32_t start = at;
-    for (const int32_t count : loopCounts) {
-        newStarts.push_back(start);
-        start += count;
+    int32_t bound = 0;
+    for (int32_t f = 0; f < faceCount(); ++f) {
+        for (const int32_t id : faceVertices(f))
+            bound = std::max(bound, id + 1);
     }
-    loopStart_.insert(loopStart_.begin() + loopAt, newStarts.begin(), newStarts.end());
-    for (auto it = loopStart_.begin() + loopAt + addedLoops; it != loopStart_.end(); ++it)
-        *it += added;
-    for (auto it = faceLoopStart_.begin() + face + 1; it != faceLoopStart_.end(); ++it)
-        *it += addedLoops;
-    return at;
+    return bound;
+}
+
+void FaceLoops::appendLoopOffsets(std::span<const int32_t> loopCounts, int32_t firstOffset) {
+    for (const int32_t count : loopCounts) {
+        loopOffsets_.push_back(firstOffset);
+        firstOffset += count;
+    }
+}
+
+PoolEdit FaceLoops::appendFace(std::span<const int32_t> loopCounts, std::span<const int32_t> vertexIds) {
+    const auto added = static_cast<int32_t>(vertexIds.size());
+    const auto loops = static_cast<int32_t>(loopCounts.size());
+    faces_.push_back({poolSize(), added, static_cast<int32_t>(loopOffsets_.size()), loops});
+    appendLoopOffsets(loopCounts, 0);
+    vertexIds_.insert(vertexIds_.end(), vertexIds.begin(), vertexIds.end());
+    loopTotal_ += loops;
+    vertexTotal_ += added;
+    return {true, {}, added};
+}
+
+PoolEdit FaceLoops::appendLoops(int32_t face, std::span<const int32_t> loopCounts,
+                                std::span<const int32_t> vertexIds) {
+    Face& f = faces_[face];
+    PoolEdit edit{true, {}, static_cast<int32_t>(vertexIds.size())};
+    // A block that is not the last in the pool cannot grow in place: it moves to the end.
+    if (f.vertexStart + f.vertexCount != poolSize()) {
+        edit.copies.emplace_back(f.vertexStart, f.vertexCount);
+        const int32_t start = poolSize();
+        appendOwnRun(vertexIds_, f.vertexStart, f.vertexCount);
+        f.vertexStart = start;
+    }
+    if (f.loopStart + f.loopCount != static_cast<int32_t>(loopOffsets_.size())) {
+        const auto start = static_cast<int32_t>(loopOffsets_.size());
+        appendOwnRun(loopOffsets_, f.loopStart, f.loopCount);
+        f.loopStart = start;
+    }
+    appendLoopOffsets(loopCounts, f.vertexCount);
+    vertexIds_.insert(vertexIds_.end(), vertexIds.begin(), vertexIds.end());
+    f.vertexCount += edit.added;
+    f.loopCount += static_cast<int32_t>(loopCounts.size());
+    loopTotal_ += static_cast<int32_t>(loopCounts.size());
+    vertexTotal_ += edit.added;
+    return edit;
+}
+
+bool FaceLoops::wasteful() const {
+    const int32_t waste = poolSize() - vertexTotal_;
+    return waste > kMinWaste && waste > vertexTotal_;
+}
+
+PoolEdit FaceLoops::compact() {
+    PoolEdit edit{false, {}, 0};
+    std::vector<int32_t> ids;
+    std::vector<int32_t> offsets;
+    ids.reserve(static_cast<size_t>(vertexTotal_));
+    offsets.reserve(static_cast<size_t>(loopTotal_));
+    for (Face& f : faces_) {
+        edit.copies.emplace_back(f.vertexStart, f.vertexCount);
+        const auto vertexStart = static_cast<int32_t>(ids.size());
+        const auto loopStart = static_cast<int32_t>(offsets.size());
+        ids.insert(ids.end(), vertexIds_.begin() + f.vertexStart,
+                   vertexIds_.begin() + f.vertexStart + f.vertexCount);
+        offsets.insert(offsets.end(), loopOffsets_.begin() + f.loopStart,
+                       loopOffsets_.begin() + f.loopStart + f.loopCount);
+        f.vertexStart = vertexStart;
+        f.loopStart = loopStart;
+    }
+    vertexIds_ = std::move(ids);
+    loopOffsets_ = std::move(offsets);
+    return edit;
 }
 
 Status validateLoops(std::span<const int32_t> loopCounts, std::span<const int32_t> vertexIds,

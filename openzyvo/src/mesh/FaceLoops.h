@@ -2,56 +2,131 @@
 
 #include "mesh/Status.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace oz::mesh {
 
-// The faces of a mesh as loops of vertex ids, in two flat offset tables: a face owns a run of
-// loops (the first is its outer boundary, the others its holes) and a loop owns a run of
-// face-vertices. The face-vertices of one face are contiguous, outer loop first, so a
-// face-vertex index (the index into vertexIds()) addresses per-face-vertex data directly.
+// Reserves room for `size` elements, at least doubling the capacity when it grows, so that
+// repeated appends stay amortised constant time (a bare reserve would reallocate every time).
+template <class T> void reserveGrowing(std::vector<T>& values, size_t size) {
+    if (size > values.capacity())
+        values.reserve(std::max(size, 2 * values.capacity()));
+}
+
+// How one edit rearranged the face-vertex pool of a FaceLoops, so that per-face-vertex columns
+// kept beside it (normals, uv ids) can follow: the column keeps its values or starts empty, then
+// gets the listed runs of its old values appended in order, then `added` fill values.
+struct PoolEdit {
+    bool keepOld = true;
+    std::vector<std::pair<int32_t, int32_t>> copies; // (first position, count) in the old column
+    int32_t added = 0;
+
+    template <class T> void applyTo(std::vector<T>& column, const T& fill) const {
+        std::vector<T> rebuilt;
+        std::vector<T>& out = keepOld ? column : rebuilt;
+        size_t size = keepOld ? column.size() : 0;
+        for (const auto& [from, count] : copies)
+            size += static_cast<size_t>(count);
+        reserveGrowing(out, size + static_cast<size_t>(added));
+        for (const auto& [from, count] : copies) {
+            for (int32_t i = 0; i < count; ++i)
+                out.push_back(column[static_cast<size_t>(from + i)]);
+        }
+        out.insert(out.end(), static_cast<size_t>(added), fill);
+        if (!keepOld)
+            column = std::move(rebuilt);
+    }
+};
+
+// The faces of a mesh as loops of vertex ids. Each face owns one contiguous block of a shared
+// face-vertex pool, outer loop first, then its holes. Blocks need not follow face order: adding
+// holes to an earlier face moves only that face's block to the end of the pool instead of
+// shifting every later face, so re-inserting the holes of many faces stays linear. The pool is
+// compacted back into face order once more than half of it is left over from such moves.
+//
+// A face-vertex is addressed either by its pool position (poolStart(face) + i; columns kept
+// beside the pool use these) or by its face-order index, the position it would have if the
+// faces' blocks were laid end to end in face order (faceVertexOffsets(); the index the outside
+// world sees).
 class FaceLoops {
 public:
-    int32_t faceCount() const { return static_cast<int32_t>(faceLoopStart_.size()) - 1; }
-    int32_t loopCount() const { return static_cast<int32_t>(loopStart_.size()) - 1; }
-    int32_t faceVertexCount() const { return static_cast<int32_t>(vertexIds_.size()); }
+    int32_t faceCount() const { return static_cast<int32_t>(faces_.size()); }
+    int32_t loopCount() const { return loopTotal_; }
+    int32_t faceVertexCount() const { return vertexTotal_; }
 
     // Loops of `face`: outer boundary plus holes (0 for an invalid face).
-    int32_t faceLoopCount(int32_t face) const;
-    int32_t holeCount(int32_t face) const { return faceLoopCount(face) > 0 ? faceLoopCount(face) - 1 : 0; }
+    int32_t faceLoopCount(int32_t face) const { return valid(face) ? faces_[face].loopCount : 0; }
+    int32_t holeCount(int32_t face) const { return valid(face) ? faces_[face].loopCount - 1 : 0; }
     // Vertex ids of loop `loop` of `face` (0 is the outer loop); empty for invalid ids.
     std::span<const int32_t> loop(int32_t face, int32_t loop) const;
     // All vertex ids of `face`, outer loop then holes; empty for an invalid face.
     std::span<const int32_t> faceVertices(int32_t face) const;
-    // Index of the first face-vertex of `face` (faceVertexCount() for faceCount()).
-    int32_t faceVertexStart(int32_t face) const { return loopStart_[faceLoopStart_[face]]; }
-    // Global loop id of `face`'s first loop; global loop l spans loopStart()[l] .. loopStart()[l + 1].
-    int32_t firstLoop(int32_t face) const { return faceLoopStart_[face]; }
 
-    std::span<const int32_t> vertexIds() const { return vertexIds_; }
-    std::span<const int32_t> faceLoopStart() const { return faceLoopStart_; }
-    std::span<const int32_t> loopStart() const { return loopStart_; }
+    // Pool position of the face's first face-vertex, and the pool's size (live and leftover).
+    int32_t poolStart(int32_t face) const { return faces_[face].vertexStart; }
+    int32_t poolSize() const { return static_cast<int32_t>(vertexIds_.size()); }
+    // Face-order index of each face's first face-vertex, plus faceVertexCount() at the end.
+    std::vector<int32_t> faceVertexOffsets() const;
 
     // Largest vertex id used plus one (0 when there are no faces).
     int32_t vertexIdBound() const;
 
     // Appends a face whose loops have the given vertex counts, taking that many ids from
-    // `vertexIds`. The caller has validated counts and ids.
-    void appendFace(std::span<const int32_t> loopCounts, std::span<const int32_t> vertexIds);
-    // Adds hole loops at the end of `face`'s loops; returns the face-vertex index at which the
-    // new ids were inserted, so per-face-vertex data can be shifted the same way.
-    int32_t appendLoops(int32_t face, std::span<const int32_t> loopCounts,
-                        std::span<const int32_t> vertexIds);
-
-    friend bool operator==(const FaceLoops&, const FaceLoops&) = default;
+    // `vertexIds`. The caller has validated counts and ids. Columns follow with `added` values.
+    PoolEdit appendFace(std::span<const int32_t> loopCounts, std::span<const int32_t> vertexIds);
+    // Adds hole loops after `face`'s last loop.
+    PoolEdit appendLoops(int32_t face, std::span<const int32_t> loopCounts,
+                         std::span<const int32_t> vertexIds);
+    // True when leftovers of moved blocks outweigh the live face-vertices.
+    bool wasteful() const;
+    // Lays the blocks out again in face order without leftovers.
+    PoolEdit compact();
 
 private:
-    std::vector<int32_t> faceLoopStart_{0};
-    std::vector<int32_t> loopStart_{0};
-    std::vector<int32_t> vertexIds_;
+    struct Face {
+        int32_t vertexStart; // pool position of the block
+        int32_t vertexCount;
+        int32_t loopStart; // position of the face's loop offsets in loopOffsets_
+        int32_t loopCount;
+    };
+
+    bool valid(int32_t face) const { return face >= 0 && face < faceCount(); }
+    void appendLoopOffsets(std::span<const int32_t> loopCounts, int32_t firstOffset);
+
+    std::vector<Face> faces_;
+    std::vector<int32_t> loopOffsets_; // per loop, its start within its face's block
+    std::vector<int32_t> vertexIds_;   // the face-vertex pool
+    int32_t loopTotal_ = 0;
+    int32_t vertexTotal_ = 0;
 };
+
+// A pool-ordered column (see FaceLoops) laid out in face order.
+template <class T> std::vector<T> toFaceOrder(const FaceLoops& faces, const std::vector<T>& pooled) {
+    std::vector<T> ordered;
+    ordered.reserve(static_cast<size_t>(faces.faceVertexCount()));
+    for (int32_t f = 0; f < faces.faceCount(); ++f) {
+        const auto begin = pooled.begin() + faces.poolStart(f);
+        ordered.insert(ordered.end(), begin,
+                       begin + static_cast<std::ptrdiff_t>(faces.faceVertices(f).size()));
+    }
+    return ordered;
+}
+
+// Writes a face-ordered column (faceVertexCount() values) into a pool-ordered one.
+template <class T>
+void fromFaceOrder(const FaceLoops& faces, std::span<const T> ordered, std::vector<T>& pooled) {
+    pooled.resize(static_cast<size_t>(faces.poolSize()));
+    auto source = ordered.begin();
+    for (int32_t f = 0; f < faces.faceCount(); ++f) {
+        const auto count = static_cast<std::ptrdiff_t>(faces.faceVertices(f).size());
+        std::copy(source, source + count, pooled.begin() + faces.poolStart(f));
+        source += count;
+    }
+}
 
 // Checks loop counts (each at least 3, summing to the id count) and ids (in [0, vertexCount),
 // no vertex repeated back to back within a loop).

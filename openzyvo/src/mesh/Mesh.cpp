@@ -7,7 +7,7 @@
 namespace oz::mesh {
 
 Mesh::Mesh()
-    : uvSets_{UvSet{std::string(kDefaultUvSet), {}, {}, {}}} {}
+    : uvSets_{UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}}} {}
 
 std::optional<Point3> Mesh::point(int32_t vertex) const {
     if (vertex < 0 || vertex >= vertexCount())

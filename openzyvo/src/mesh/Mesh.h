@@ -107,7 +107,12 @@ public:
     Status createUvSet(std::string_view name);
     // Replaces the coordinates of a set; face-vertices keep their uv ids where still in range.
     Status setUvs(std::string_view set, std::span<const float> u, std::span<const float> v);
-    // Sets the uv id of every face-vertex (UvSet::kNoUv for none).
+    // The uv id of every face-vertex, in face order (UvSet::kNoUv for none).
+    Status faceVertexUvIds(std::string_view set, std::vector<int32_t>& out) const;
+    // The uv ids of one face's face-vertices, aligned with faceVertices(face); empty for an
+    // unknown set or face.
+    std::span<const int32_t> faceUvIds(std::string_view set, int32_t face) const;
+    // Sets the uv id of every face-vertex, in face order (UvSet::kNoUv for none).
     Status assignUvIds(std::string_view set, std::span<const int32_t> faceVertexUvIds);
 
     // --- Derived tables -------------------------------------------------------------------------
@@ -129,9 +134,17 @@ private:
     Status resolveVertices(std::span<const Point3> points, std::span<const int32_t> loopCounts, bool merge,
                            double tolerance, std::vector<int32_t>& ids, std::vector<int32_t>& counts,
                            std::vector<Point3>& added);
-    UvSet* findUvSet(std::string_view name);
+    struct UvChannel {
+        UvSet set;
+        std::vector<int32_t> pooledIds; // per face-vertex, in the faces' pool order
+    };
+
+    UvChannel* findUvChannel(std::string_view name);
+    const UvChannel* findUvChannel(std::string_view name) const;
     void appendPoints(std::span<const Point3> added);
-    void insertFaceVertexData(int32_t at, int32_t count, int32_t face);
+    // Makes the per-face-vertex columns follow an edit of the face pool; face-vertices added to
+    // `face` start with its face normal and without uvs.
+    void followFacePool(const PoolEdit& edit, int32_t face);
     std::shared_ptr<const std::vector<BoundingBox>> faceBounds() const;
     void topologyChanged();
     void pointsMoved();
@@ -150,10 +163,10 @@ private:
     std::vector<Point3> points_;
     FaceLoops faces_;
     bool normalsSet_ = false;
-    std::vector<Vector3> normals_; // one per face-vertex once set, else empty
+    std::vector<Vector3> normals_; // once set, per face-vertex in the faces' pool order
     std::vector<Color> colors_;    // empty, or one per vertex
     std::vector<uint8_t> colorSet_;
-    std::vector<UvSet> uvSets_;
+    std::vector<UvChannel> uvSets_;
     uint64_t topologyVersion_ = 0;
     uint64_t geometryVersion_ = 0;
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace oz::mesh {
 
@@ -24,31 +25,32 @@ std::vector<Vector3> Mesh::vertexNormals() const {
 
 std::vector<Vector3> Mesh::normals() const {
     if (normalsSet_)
-        return normals_;
-    std::vector<Vector3> derived(static_cast<size_t>(faceVertexCount()));
-    for (int32_t f = 0; f < faceCount(); ++f) {
-        std::fill(derived.begin() + faces_.faceVertexStart(f),
-                  derived.begin() + faces_.faceVertexStart(f + 1), oz::mesh::faceNormal(faces_, points_, f));
-    }
+        return toFaceOrder(faces_, normals_);
+    std::vector<Vector3> derived;
+    derived.reserve(static_cast<size_t>(faceVertexCount()));
+    for (int32_t f = 0; f < faceCount(); ++f)
+        derived.insert(derived.end(), faces_.faceVertices(f).size(),
+                       oz::mesh::faceNormal(faces_, points_, f));
     return derived;
 }
 
 Status Mesh::faceVertexNormals(int32_t face, std::vector<Vector3>& out) const {
     if (face < 0 || face >= faceCount())
         return Status::InvalidIndex;
-    const int32_t begin = faces_.faceVertexStart(face);
-    const int32_t end = faces_.faceVertexStart(face + 1);
-    if (normalsSet_)
-        out.assign(normals_.begin() + begin, normals_.begin() + end);
-    else
-        out.assign(static_cast<size_t>(end - begin), oz::mesh::faceNormal(faces_, points_, face));
+    const size_t count = faces_.faceVertices(face).size();
+    if (normalsSet_) {
+        const auto begin = normals_.begin() + faces_.poolStart(face);
+        out.assign(begin, begin + static_cast<std::ptrdiff_t>(count));
+    } else {
+        out.assign(count, oz::mesh::faceNormal(faces_, points_, face));
+    }
     return Status::Success;
 }
 
 Status Mesh::setNormals(std::span<const Vector3> normals) {
     if (normals.size() != static_cast<size_t>(faceVertexCount()))
         return Status::SizeMismatch;
-    normals_.assign(normals.begin(), normals.end());
+    fromFaceOrder(faces_, normals, normals_);
     normalsSet_ = true;
     return Status::Success;
 }
@@ -82,62 +84,81 @@ void Mesh::clearVertexColors() {
 
 std::vector<std::string> Mesh::uvSetNames() const {
     std::vector<std::string> names;
-    for (const UvSet& set : uvSets_)
-        names.push_back(set.name);
+    for (const UvChannel& channel : uvSets_)
+        names.push_back(channel.set.name);
     return names;
 }
 
-const UvSet* Mesh::uvSet(std::string_view name) const {
+const Mesh::UvChannel* Mesh::findUvChannel(std::string_view name) const {
     const auto it =
-        std::find_if(uvSets_.begin(), uvSets_.end(), [&](const UvSet& s) { return s.name == name; });
+        std::find_if(uvSets_.begin(), uvSets_.end(), [&](const UvChannel& c) { return c.set.name == name; });
     return it == uvSets_.end() ? nullptr : &*it;
 }
 
-UvSet* Mesh::findUvSet(std::string_view name) {
-    const auto it =
-        std::find_if(uvSets_.begin(), uvSets_.end(), [&](const UvSet& s) { return s.name == name; });
-    return it == uvSets_.end() ? nullptr : &*it;
+Mesh::UvChannel* Mesh::findUvChannel(std::string_view name) {
+    return const_cast<UvChannel*>(std::as_const(*this).findUvChannel(name));
+}
+
+const UvSet* Mesh::uvSet(std::string_view name) const {
+    const UvChannel* channel = findUvChannel(name);
+    return channel ? &channel->set : nullptr;
 }
 
 Status Mesh::createUvSet(std::string_view name) {
-    if (name.empty() || uvSet(name))
+    if (name.empty() || findUvChannel(name))
         return Status::InvalidArgument;
-    uvSets_.push_back(UvSet{std::string(name), {}, {}, {}});
-    uvSets_.back().faceVertexUvIds.assign(static_cast<size_t>(faceVertexCount()), UvSet::kNoUv);
+    uvSets_.push_back(UvChannel{UvSet{std::string(name), {}, {}}, {}});
+    uvSets_.back().pooledIds.assign(static_cast<size_t>(faces_.poolSize()), UvSet::kNoUv);
     return Status::Success;
 }
 
 Status Mesh::setUvs(std::string_view set, std::span<const float> u, std::span<const float> v) {
-    UvSet* target = findUvSet(set);
-    if (!target)
+    UvChannel* channel = findUvChannel(set);
+    if (!channel)
         return Status::UnknownUvSet;
     if (u.size() != v.size())
         return Status::SizeMismatch;
     if (u.size() > static_cast<size_t>(std::numeric_limits<int32_t>::max()))
         return Status::TooLarge;
-    target->u.assign(u.begin(), u.end());
-    target->v.assign(v.begin(), v.end());
+    channel->set.u.assign(u.begin(), u.end());
+    channel->set.v.assign(v.begin(), v.end());
     // Ids past the new end would dangle; such face-vertices lose their uv instead.
     const auto uvCount = static_cast<int32_t>(u.size());
-    for (int32_t& id : target->faceVertexUvIds) {
+    for (int32_t& id : channel->pooledIds) {
         if (id >= uvCount)
             id = UvSet::kNoUv;
     }
     return Status::Success;
 }
 
+Status Mesh::faceVertexUvIds(std::string_view set, std::vector<int32_t>& out) const {
+    const UvChannel* channel = findUvChannel(set);
+    if (!channel)
+        return Status::UnknownUvSet;
+    out = toFaceOrder(faces_, channel->pooledIds);
+    return Status::Success;
+}
+
+std::span<const int32_t> Mesh::faceUvIds(std::string_view set, int32_t face) const {
+    const UvChannel* channel = findUvChannel(set);
+    if (!channel || face < 0 || face >= faceCount())
+        return {};
+    return std::span<const int32_t>(channel->pooledIds)
+        .subspan(faces_.poolStart(face), faces_.faceVertices(face).size());
+}
+
 Status Mesh::assignUvIds(std::string_view set, std::span<const int32_t> faceVertexUvIds) {
-    UvSet* target = findUvSet(set);
-    if (!target)
+    UvChannel* channel = findUvChannel(set);
+    if (!channel)
         return Status::UnknownUvSet;
     if (faceVertexUvIds.size() != static_cast<size_t>(faceVertexCount()))
         return Status::SizeMismatch;
-    const auto uvCount = static_cast<int32_t>(target->u.size());
+    const auto uvCount = static_cast<int32_t>(channel->set.u.size());
     for (const int32_t id : faceVertexUvIds) {
         if (id != UvSet::kNoUv && (id < 0 || id >= uvCount))
             return Status::InvalidIndex;
     }
-    target->faceVertexUvIds.assign(faceVertexUvIds.begin(), faceVertexUvIds.end());
+    fromFaceOrder(faces_, faceVertexUvIds, channel->pooledIds);
     return Status::Success;
 }
 

@@ -44,8 +44,8 @@ Status Mesh::create(std::span<const Point3> points, std::span<const int32_t> fac
     normalsSet_ = false;
     normals_.clear();
     clearVertexColors();
-    uvSets_.assign(1, UvSet{std::string(kDefaultUvSet), {}, {}, {}});
-    uvSets_.front().faceVertexUvIds.assign(faceConnects.size(), UvSet::kNoUv);
+    uvSets_.assign(1, UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}});
+    uvSets_.front().pooledIds.assign(faceConnects.size(), UvSet::kNoUv);
     merge_.index.reset();
     topologyChanged();
     return Status::Success;
@@ -120,14 +120,11 @@ void Mesh::appendPoints(std::span<const Point3> added) {
     }
 }
 
-void Mesh::insertFaceVertexData(int32_t at, int32_t count, int32_t face) {
-    if (normalsSet_) {
-        const Vector3 n = oz::mesh::faceNormal(faces_, points_, face);
-        normals_.insert(normals_.begin() + at, static_cast<size_t>(count), n);
-    }
-    for (UvSet& set : uvSets_)
-        set.faceVertexUvIds.insert(set.faceVertexUvIds.begin() + at, static_cast<size_t>(count),
-                                   UvSet::kNoUv);
+void Mesh::followFacePool(const PoolEdit& edit, int32_t face) {
+    if (normalsSet_)
+        edit.applyTo(normals_, oz::mesh::faceNormal(faces_, points_, face));
+    for (UvChannel& channel : uvSets_)
+        edit.applyTo(channel.pooledIds, UvSet::kNoUv);
 }
 
 Status Mesh::addPolygon(std::span<const Point3> points, std::span<const int32_t> loopCounts,
@@ -141,10 +138,9 @@ Status Mesh::addPolygon(std::span<const Point3> points, std::span<const int32_t>
         return s;
 
     appendPoints(added);
-    const int32_t at = faceVertexCount();
-    faces_.appendFace(counts, ids);
+    const PoolEdit edit = faces_.appendFace(counts, ids);
     faceIndex = faceCount() - 1;
-    insertFaceVertexData(at, static_cast<int32_t>(ids.size()), faceIndex);
+    followFacePool(edit, faceIndex);
     topologyChanged();
     return Status::Success;
 }
@@ -160,8 +156,9 @@ Status Mesh::addHoles(int32_t face, std::span<const Point3> points, std::span<co
         return s;
 
     appendPoints(added);
-    const int32_t at = faces_.appendLoops(face, counts, ids);
-    insertFaceVertexData(at, static_cast<int32_t>(ids.size()), face);
+    followFacePool(faces_.appendLoops(face, counts, ids), face);
+    if (faces_.wasteful())
+        followFacePool(faces_.compact(), face);
     topologyChanged();
     return Status::Success;
 }

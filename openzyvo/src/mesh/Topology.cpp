@@ -7,15 +7,30 @@ namespace oz::mesh {
 
 namespace {
 
-// For every face-vertex, the index of the next face-vertex of its loop (wrapping around).
-std::vector<int32_t> nextInLoop(const FaceLoops& faces) {
-    std::vector<int32_t> next(static_cast<size_t>(faces.faceVertexCount()));
-    const auto starts = faces.loopStart();
-    for (int32_t l = 0; l < faces.loopCount(); ++l) {
-        for (int32_t i = starts[l]; i < starts[l + 1]; ++i)
-            next[i] = i + 1 < starts[l + 1] ? i + 1 : starts[l];
+// The face-vertices laid out in face order, each with the index of the next face-vertex of its
+// loop (wrapping around).
+struct FlatFaces {
+    std::vector<int32_t> faceStart;
+    std::vector<int32_t> ids;
+    std::vector<int32_t> next;
+};
+
+FlatFaces flatten(const FaceLoops& faces) {
+    FlatFaces flat;
+    flat.faceStart = faces.faceVertexOffsets();
+    flat.ids.reserve(static_cast<size_t>(faces.faceVertexCount()));
+    flat.next.reserve(static_cast<size_t>(faces.faceVertexCount()));
+    for (int32_t f = 0; f < faces.faceCount(); ++f) {
+        for (int32_t l = 0; l < faces.faceLoopCount(f); ++l) {
+            const auto loop = faces.loop(f, l);
+            const auto first = static_cast<int32_t>(flat.ids.size());
+            const auto last = first + static_cast<int32_t>(loop.size()) - 1;
+            flat.ids.insert(flat.ids.end(), loop.begin(), loop.end());
+            for (int32_t i = first; i <= last; ++i)
+                flat.next.push_back(i < last ? i + 1 : first);
+        }
     }
-    return next;
+    return flat;
 }
 
 // Rows of a CSR table from a per-row count, leaving the fill cursor at each row's start.
@@ -27,8 +42,9 @@ void startRows(Csr& table, std::span<const int32_t> counts, std::vector<int32_t>
 }
 
 // Numbers the distinct undirected edges by first use and records each face-vertex's edge.
-void numberEdges(const FaceLoops& faces, std::span<const int32_t> next, int32_t vertexCount, Topology& topo) {
-    const auto ids = faces.vertexIds();
+std::vector<int32_t> numberEdges(const FlatFaces& flat, int32_t vertexCount, Topology& topo) {
+    const std::vector<int32_t>& ids = flat.ids;
+    const std::vector<int32_t>& next = flat.next;
     const auto fvCount = static_cast<int32_t>(ids.size());
 
     // Bucket face-vertices by the lower vertex id of their edge, then sort each bucket by the
@@ -56,27 +72,28 @@ void numberEdges(const FaceLoops& faces, std::span<const int32_t> next, int32_t 
             firstUse[*it] = (it != begin && high(*(it - 1)) == high(*it)) ? firstUse[*(it - 1)] : *it;
     }
 
-    topo.faceVertexEdges.assign(static_cast<size_t>(fvCount), -1);
+    std::vector<int32_t> edges(static_cast<size_t>(fvCount));
     for (int32_t i = 0; i < fvCount; ++i) {
         if (firstUse[i] == i) {
-            topo.faceVertexEdges[i] = static_cast<int32_t>(topo.edgeVertices.size());
+            edges[i] = static_cast<int32_t>(topo.edgeVertices.size());
             topo.edgeVertices.push_back({ids[i], ids[next[i]]});
         } else {
-            topo.faceVertexEdges[i] = topo.faceVertexEdges[firstUse[i]];
+            edges[i] = edges[firstUse[i]];
         }
     }
+    return edges;
 }
 
 // Per-face rows of `perFaceVertex` values with repeats within a face dropped; also returns the
 // inverse table (per value, the faces listing it, ascending).
-void faceRows(const FaceLoops& faces, std::span<const int32_t> perFaceVertex, int32_t valueCount, Csr& byFace,
-              Csr& byValue) {
+void faceRows(std::span<const int32_t> faceStart, std::span<const int32_t> perFaceVertex, int32_t valueCount,
+              Csr& byFace, Csr& byValue) {
     std::vector<int32_t> seenBy(static_cast<size_t>(valueCount), -1);
     std::vector<int32_t> counts(static_cast<size_t>(valueCount), 0);
     byFace.offsets.assign(1, 0);
     byFace.items.clear();
-    for (int32_t f = 0; f < faces.faceCount(); ++f) {
-        for (int32_t i = faces.faceVertexStart(f); i < faces.faceVertexStart(f + 1); ++i) {
+    for (int32_t f = 0; f + 1 < static_cast<int32_t>(faceStart.size()); ++f) {
+        for (int32_t i = faceStart[f]; i < faceStart[f + 1]; ++i) {
             const int32_t value = perFaceVertex[i];
             if (seenBy[value] != f) {
                 seenBy[value] = f;
@@ -117,11 +134,12 @@ void vertexRows(int32_t vertexCount, Topology& topo) {
 Topology buildTopology(const FaceLoops& faces, int32_t vertexCount) {
     Topology topo;
     vertexCount = std::max(vertexCount, faces.vertexIdBound());
-    const std::vector<int32_t> next = nextInLoop(faces);
-    numberEdges(faces, next, vertexCount, topo);
-    faceRows(faces, topo.faceVertexEdges, topo.edgeCount(), topo.faceEdges, topo.edgeFaces);
+    FlatFaces flat = flatten(faces);
+    std::vector<int32_t> edges = numberEdges(flat, vertexCount, topo);
+    faceRows(flat.faceStart, edges, topo.edgeCount(), topo.faceEdges, topo.edgeFaces);
     Csr faceVertexRows;
-    faceRows(faces, faces.vertexIds(), vertexCount, faceVertexRows, topo.vertexFaces);
+    faceRows(flat.faceStart, flat.ids, vertexCount, faceVertexRows, topo.vertexFaces);
+    topo.faceVertexEdges = {std::move(flat.faceStart), std::move(edges)};
     vertexRows(vertexCount, topo);
     return topo;
 }

@@ -20,8 +20,9 @@ struct Topology {
     Csr edgeFaces;
     // Per face: its edges, each once, in the order its loops walk them (outer loop first).
     Csr faceEdges;
-    // Per face-vertex: the edge from that face-vertex to the next one of its loop.
-    std::vector<int32_t> faceVertexEdges;
+    // Per face, aligned with FaceLoops::faceVertices(face): the edge from each face-vertex to the
+    // next one of its loop.
+    Csr faceVertexEdges;
     // Per vertex: incident edges, ascending, and the vertex at the other end of each of them.
     Csr vertexEdges;
     Csr vertexVertices;

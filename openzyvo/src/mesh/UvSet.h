@@ -6,14 +6,14 @@
 
 namespace oz::mesh {
 
-// A named set of texture coordinates and, per face-vertex, the id of the coordinate it uses.
+// A named set of texture coordinates. Which coordinate each face-vertex uses is kept by the mesh
+// beside its faces (Mesh::faceUvIds).
 struct UvSet {
     static constexpr int32_t kNoUv = -1;
 
     std::string name;
     std::vector<float> u;
     std::vector<float> v;
-    std::vector<int32_t> faceVertexUvIds; // one per face-vertex of the mesh, kNoUv where unassigned
 
     friend bool operator==(const UvSet&, const UvSet&) = default;
 };

@@ -18,11 +18,22 @@ int64_t cellCoordinate(double value) {
     return static_cast<int64_t>(std::min(c, kMaxCellCoordinate));
 }
 
+// Murmur3's finaliser: every input bit reaches every output bit, so the neighbouring cells of a
+// grid do not pile up in neighbouring slots under linear probing.
+uint64_t mix(uint64_t v) {
+    v ^= v >> 33;
+    v *= 0xff51afd7ed558ccdull;
+    v ^= v >> 33;
+    v *= 0xc4ceb9fe1a85ec53ull;
+    v ^= v >> 33;
+    return v;
+}
+
 } // namespace
 
 VertexMergeIndex::VertexMergeIndex(double tolerance)
     : tolerance_(tolerance)
-    , inverseCellSize_(1.0 / std::max(tolerance, kMinCellSize))
+    , inverseCellSize_(1.0 / std::max(2.0 * tolerance, kMinCellSize))
     , slots_(64) {}
 
 VertexMergeIndex::Cell VertexMergeIndex::cellOf(Point3 p) const {
@@ -30,33 +41,48 @@ VertexMergeIndex::Cell VertexMergeIndex::cellOf(Point3 p) const {
             cellCoordinate(p.z * inverseCellSize_)};
 }
 
-size_t VertexMergeIndex::slotOf(const Cell& cell) const {
-    uint64_t h = static_cast<uint64_t>(cell.x) * 0x9E3779B97F4A7C15ull;
-    h ^= static_cast<uint64_t>(cell.y) * 0xC2B2AE3D27D4EB4Full + (h << 6) + (h >> 2);
-    h ^= static_cast<uint64_t>(cell.z) * 0x165667B19E3779F9ull + (h << 6) + (h >> 2);
+VertexMergeIndex::Cell VertexMergeIndex::nearSideOf(Point3 p) const {
+    const auto side = [&](double value) {
+        const double scaled = value * inverseCellSize_;
+        const int64_t cell = cellCoordinate(scaled);
+        return scaled - std::floor(scaled) < 0.5 ? cell - 1 : cell + 1;
+    };
+    return {side(p.x), side(p.y), side(p.z)};
+}
+
+// Keys are the low 32 bits of a cell's hash and pick the home slot by themselves, so a table can
+// be rehashed from its keys alone, and cells whose keys collide always share one chain.
+uint32_t keyOf(int64_t x, int64_t y, int64_t z) {
+    return static_cast<uint32_t>(
+        mix(static_cast<uint64_t>(x) + mix(static_cast<uint64_t>(y) + mix(static_cast<uint64_t>(z)))));
+}
+
+size_t VertexMergeIndex::slotOf(uint32_t key) const {
     const size_t mask = slots_.size() - 1;
-    size_t slot = (h ^ (h >> 29)) & mask;
-    while (slots_[slot].head >= 0 && !(slots_[slot].cell == cell))
+    size_t slot = key & mask;
+    while (slots_[slot].head >= 0 && slots_[slot].key != key)
         slot = (slot + 1) & mask;
     return slot;
 }
 
-void VertexMergeIndex::grow() {
-    std::vector<Slot> old(slots_.size() * 2);
+void VertexMergeIndex::reserve(size_t cells) {
+    size_t size = slots_.size();
+    while (size < 2 * cells)
+        size *= 2;
+    if (size == slots_.size())
+        return;
+    std::vector<Slot> old(size);
     old.swap(slots_);
     for (const Slot& s : old) {
         if (s.head >= 0)
-            slots_[slotOf(s.cell)] = s;
+            slots_[slotOf(s.key)] = s;
     }
 }
 
-void VertexMergeIndex::insert(int32_t id, Point3 p) {
-    if (2 * (usedSlots_ + 1) > static_cast<int64_t>(slots_.size()))
-        grow();
-    const Cell cell = cellOf(p);
-    Slot& slot = slots_[slotOf(cell)];
+void VertexMergeIndex::insert(int32_t id, uint32_t key) {
+    Slot& slot = slots_[slotOf(key)];
     if (slot.head < 0) {
-        slot.cell = cell;
+        slot.key = key;
         ++usedSlots_;
     }
     next_[id] = slot.head;
@@ -65,24 +91,31 @@ void VertexMergeIndex::insert(int32_t id, Point3 p) {
 
 void VertexMergeIndex::extend(std::span<const Point3> points) {
     const auto count = static_cast<int32_t>(points.size());
+    if (count <= indexedCount_)
+        return;
     next_.resize(points.size(), -1);
+    reserve(static_cast<size_t>(usedSlots_) + static_cast<size_t>(count - indexedCount_));
+
     for (int32_t id = indexedCount_; id < count; ++id) {
-        if (isFinite(points[id]))
-            insert(id, points[id]);
+        if (isFinite(points[id])) {
+            const Cell cell = cellOf(points[id]);
+            insert(id, keyOf(cell.x, cell.y, cell.z));
+        }
     }
-    indexedCount_ = std::max(indexedCount_, count);
+    indexedCount_ = count;
 }
 
 int32_t VertexMergeIndex::find(Point3 p, std::span<const Point3> points) const {
     if (!isFinite(p))
         return -1;
-    const Cell center = cellOf(p);
+    const Cell own = cellOf(p);
+    const Cell near = nearSideOf(p);
     int32_t best = -1;
     double bestDistance = tolerance_ * tolerance_;
-    for (int64_t dx = -1; dx <= 1; ++dx) {
-        for (int64_t dy = -1; dy <= 1; ++dy) {
-            for (int64_t dz = -1; dz <= 1; ++dz) {
-                const Slot& slot = slots_[slotOf({center.x + dx, center.y + dy, center.z + dz})];
+    for (const int64_t x : {own.x, near.x}) {
+        for (const int64_t y : {own.y, near.y}) {
+            for (const int64_t z : {own.z, near.z}) {
+                const Slot& slot = slots_[slotOf(keyOf(x, y, z))];
                 for (int32_t id = slot.head; id >= 0; id = next_[id]) {
                     const Vec3 d = points[id] - p;
                     const double distance = dot(d, d);

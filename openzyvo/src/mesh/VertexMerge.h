@@ -8,9 +8,10 @@
 
 namespace oz::mesh {
 
-// Spatial hash over points for "reuse a vertex within tolerance" lookups. Cells are at least the
-// tolerance wide, so a match can only sit in the 27 cells around a query point: lookups cost
-// O(1) on average instead of a scan over every vertex.
+// Spatial hash over points for "reuse a vertex within tolerance" lookups. Cells are at least
+// twice the tolerance wide, so the tolerance ball around a query point touches at most two cells
+// per axis (its own and the nearer neighbour): a lookup probes 8 cells, O(1) on average instead
+// of a scan over every vertex.
 class VertexMergeIndex {
 public:
     explicit VertexMergeIndex(double tolerance);
@@ -27,17 +28,22 @@ public:
 private:
     struct Cell {
         int64_t x, y, z;
-        friend bool operator==(const Cell&, const Cell&) = default;
     };
+    // A slot is keyed by a 32-bit hash of its cell, not the cell itself. Two cells whose keys
+    // collide share one chain, which costs a few distance checks but never a wrong answer, and
+    // keeps slots at 8 bytes: the table is probed at random, so its size decides how often a
+    // probe misses the cache.
     struct Slot {
-        Cell cell;
+        uint32_t key = 0;
         int32_t head = -1; // first point id in the cell, -1 for an empty slot
     };
 
     Cell cellOf(Point3 p) const;
-    size_t slotOf(const Cell& cell) const;
-    void insert(int32_t id, Point3 p);
-    void grow();
+    // The neighbour of p's cell on the side p is nearer to, per axis.
+    Cell nearSideOf(Point3 p) const;
+    size_t slotOf(uint32_t key) const;
+    void insert(int32_t id, uint32_t key);
+    void reserve(size_t cells);
 
     double tolerance_;
     double inverseCellSize_;

@@ -1,7 +1,9 @@
 #include "MeshTestShapes.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <numeric>
+#include <random>
 
 namespace oz::mesh {
 namespace {
@@ -88,10 +90,66 @@ TEST(FaceHoles, HolesAddedToAnEarlierFaceLeaveLaterFacesIntact) {
     EXPECT_EQ(normals[3], (Vector3{0, 0, 7}));
     EXPECT_EQ(normals[4], (Vector3{0, 0, 1}));
     EXPECT_EQ(normals[8], (Vector3{0, 0, 7}));
-    const auto& ids = mesh.uvSet("map1")->faceVertexUvIds;
+    std::vector<int32_t> ids;
+    ASSERT_EQ(mesh.faceVertexUvIds("map1", ids), Status::Success);
     EXPECT_EQ(ids[4], UvSet::kNoUv);
     EXPECT_EQ(ids[8], 4);
     EXPECT_EQ(ids[15], 11);
+}
+
+TEST(FaceHoles, HolesAddedInAnyFaceOrderMatchFacesBuiltWithThem) {
+    // Three rounds of one hole per face, faces shuffled in each round: blocks keep moving, the
+    // leftovers outgrow the live face-vertices and the pool must be compacted along the way.
+    constexpr int kFaces = 2000;
+    const auto hole = [](int f, int k) {
+        return reversed(square(2.0 * f + 0.1 + 0.3 * k, 0.4, 0.2));
+    };
+
+    Mesh built;
+    Mesh patched;
+    for (int f = 0; f < kFaces; ++f) {
+        addFace(built, {square(2.0 * f, 0, 1), hole(f, 0), hole(f, 1), hole(f, 2)});
+        addFace(patched, {square(2.0 * f, 0, 1)});
+    }
+    const std::vector<float> uv(4 * kFaces, 0.0f);
+    ASSERT_EQ(patched.setUvs("map1", uv, uv), Status::Success);
+    std::vector<int32_t> uvIds(4 * kFaces);
+    std::iota(uvIds.begin(), uvIds.end(), 0);
+    ASSERT_EQ(patched.assignUvIds("map1", uvIds), Status::Success);
+    ASSERT_EQ(patched.setNormals(std::vector<Vector3>(4 * kFaces, Vector3{1, 0, 0})), Status::Success);
+
+    std::vector<int> order(kFaces);
+    std::iota(order.begin(), order.end(), 0);
+    std::mt19937 random(3);
+    for (int k = 0; k < 3; ++k) {
+        std::shuffle(order.begin(), order.end(), random);
+        for (const int f : order)
+            ASSERT_EQ(patched.addHoles(f, hole(f, k), std::vector<int32_t>{4}, false, 0), Status::Success);
+    }
+
+    ASSERT_EQ(patched.faceVertexCount(), built.faceVertexCount());
+    EXPECT_LE(patched.faces().poolSize(), 2 * patched.faceVertexCount());
+    for (int32_t f = 0; f < kFaces; ++f) {
+        ASSERT_EQ(patched.faces().faceLoopCount(f), 4);
+        for (int32_t l = 0; l < 4; ++l)
+            ASSERT_EQ(loopPoints(patched, f, l), loopPoints(built, f, l)) << "face " << f << " loop " << l;
+        const auto faceUvs = patched.faceUvIds("map1", f);
+        ASSERT_EQ(faceUvs.size(), 16u);
+        EXPECT_EQ(faceUvs[0], 4 * f);
+        EXPECT_EQ(faceUvs[3], 4 * f + 3);
+        EXPECT_EQ(faceUvs[4], UvSet::kNoUv);
+        std::vector<Vector3> normals;
+        ASSERT_EQ(patched.faceVertexNormals(f, normals), Status::Success);
+        EXPECT_EQ(normals[3], (Vector3{1, 0, 0}));
+        EXPECT_EQ(normals[15], (Vector3{0, 0, 1}));
+    }
+    std::vector<int32_t> ordered;
+    ASSERT_EQ(patched.faceVertexUvIds("map1", ordered), Status::Success);
+    EXPECT_EQ(ordered[16], 4);
+    EXPECT_EQ(patched.normals()[16], (Vector3{1, 0, 0}));
+    EXPECT_EQ(patched.holes().info.size(), 9u * kFaces);
+    EXPECT_EQ(patched.edgeCount(), built.edgeCount());
+    EXPECT_NEAR(*patched.triangulatedArea(kFaces - 1), 0.88, 1e-12);
 }
 
 TEST(FaceHoles, HoleAddedAfterItsFaceReusesCoincidentVertices) {

@@ -108,7 +108,10 @@ TEST(MeshUvs, DefaultSetAndAssignment) {
     Mesh mesh;
     addFace(mesh, {{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}});
     EXPECT_EQ(mesh.uvSetNames(), (std::vector<std::string>{"map1"}));
-    EXPECT_EQ(mesh.uvSet("map1")->faceVertexUvIds, (std::vector<int32_t>(3, UvSet::kNoUv)));
+    std::vector<int32_t> ids;
+    ASSERT_EQ(mesh.faceVertexUvIds("map1", ids), Status::Success);
+    EXPECT_EQ(ids, (std::vector<int32_t>(3, UvSet::kNoUv)));
+    EXPECT_EQ(mesh.faceVertexUvIds("nope", ids), Status::UnknownUvSet);
 
     EXPECT_EQ(mesh.createUvSet("map1"), Status::InvalidArgument);
     ASSERT_EQ(mesh.createUvSet("atlas"), Status::Success);
@@ -122,7 +125,9 @@ TEST(MeshUvs, DefaultSetAndAssignment) {
 
     // Shrinking the coordinates drops the ids that would point past them.
     ASSERT_EQ(mesh.setUvs("atlas", std::vector<float>{0, 1}, std::vector<float>{0, 0}), Status::Success);
-    EXPECT_EQ(mesh.uvSet("atlas")->faceVertexUvIds, (std::vector<int32_t>{0, 1, UvSet::kNoUv}));
+    ASSERT_EQ(mesh.faceVertexUvIds("atlas", ids), Status::Success);
+    EXPECT_EQ(ids, (std::vector<int32_t>{0, 1, UvSet::kNoUv}));
+    EXPECT_EQ(mesh.uvSet("atlas")->u.size(), 2u);
 }
 
 } // namespace

@@ -23,7 +23,7 @@ TEST(VertexMerge, ReusesVerticesWithinToleranceOnly) {
     EXPECT_EQ(loop[0], 1);
     EXPECT_EQ(loop[1], 4);
     EXPECT_EQ(loop[3], 6);
-    EXPECT_EQ(mesh.topology()->edgeFaces[mesh.topology()->faceVertexEdges[4]].size(), 1u);
+    EXPECT_EQ(mesh.topology()->edgeFaces[mesh.topology()->faceVertexEdges[1][0]].size(), 1u);
 }
 
 TEST(VertexMerge, ExactToleranceMergesAndMergeOffNeverDoes) {
