@@ -1,0 +1,14 @@
+#pragma once
+
+#include <OpenZyvo/ZArgParser.h>
+
+// The parsed arguments of a command, the form commands read their flags and
+// objects from inside doIt:
+//
+//     ZStatus status;
+//     ZArgDatabase args(syntax(), argList, &status);
+//     if (!status) ...
+class ZArgDatabase : public ZArgParser {
+public:
+    using ZArgParser::ZArgParser;
+};

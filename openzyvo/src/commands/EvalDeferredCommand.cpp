@@ -1,0 +1,35 @@
+#include "commands/BuiltinCommand.h"
+
+#include <OpenZyvo/ZArgDatabase.h>
+#include <OpenZyvo/ZGlobal.h>
+
+namespace {
+
+// evalDeferred [-python] "script": runs the script (command language, or
+// Python with -python) once the current top-level command has finished.
+class EvalDeferredCommand : public ZPxCommand {
+public:
+    static ZSyntax newSyntax() {
+        ZSyntax syntax;
+        syntax.addFlag("-py", "-python");
+        syntax.addArg(ZSyntax::kString);
+        return syntax;
+    }
+
+    ZStatus doIt(const ZArgList& args) override {
+        ZStatus status;
+        const ZArgDatabase database(syntax(), args, &status);
+        if (!status)
+            return status;
+        ZString script;
+        database.getCommandArgument(0, script);
+        if (database.isFlagSet("-python"))
+            return ZGlobal::executePythonCommandOnIdle(script);
+        return ZGlobal::executeCommandOnIdle(script);
+    }
+};
+
+const oz::cmd::BuiltinCommand registration(
+    "evalDeferred", [] { return std::make_unique<EvalDeferredCommand>(); }, EvalDeferredCommand::newSyntax);
+
+} // namespace

@@ -1,0 +1,82 @@
+#include "commands/MessageLog.h"
+
+#include <cstdio>
+
+namespace oz::cmd {
+
+namespace {
+
+// Enough history for any test or for the host to show the last messages,
+// without growing for the whole life of a long session.
+constexpr std::size_t kKeptMessages = 10000;
+
+void write(MessageLog::Kind kind, const std::string& text) {
+    switch (kind) {
+    case MessageLog::Kind::Error:
+        std::fprintf(stderr, "// Error: %s\n", text.c_str());
+        std::fflush(stderr);
+        break;
+    case MessageLog::Kind::Warning:
+        std::fprintf(stderr, "// Warning: %s\n", text.c_str());
+        std::fflush(stderr);
+        break;
+    case MessageLog::Kind::Result:
+        std::fprintf(stdout, "// Result: %s //\n", text.c_str());
+        std::fflush(stdout);
+        break;
+    case MessageLog::Kind::Info:
+    case MessageLog::Kind::Echo:
+        std::fprintf(stdout, "%s\n", text.c_str());
+        std::fflush(stdout);
+        break;
+    }
+}
+
+} // namespace
+
+MessageLog& MessageLog::instance() {
+    static MessageLog log;
+    return log;
+}
+
+void MessageLog::add(Kind kind, const std::string& text) {
+    std::lock_guard lock(m_mutex);
+    if (m_streamOutput)
+        write(kind, text);
+    if (kind == Kind::Error)
+        ++m_errorCount;
+    if (m_messages.size() == kKeptMessages)
+        m_messages.erase(m_messages.begin(), m_messages.begin() + kKeptMessages / 2);
+    m_messages.push_back({kind, text});
+}
+
+std::vector<MessageLog::Message> MessageLog::messages() const {
+    std::lock_guard lock(m_mutex);
+    return m_messages;
+}
+
+std::vector<std::string> MessageLog::texts(Kind kind) const {
+    std::lock_guard lock(m_mutex);
+    std::vector<std::string> out;
+    for (const Message& message : m_messages)
+        if (message.kind == kind)
+            out.push_back(message.text);
+    return out;
+}
+
+std::size_t MessageLog::errorCount() const {
+    std::lock_guard lock(m_mutex);
+    return m_errorCount;
+}
+
+void MessageLog::clear() {
+    std::lock_guard lock(m_mutex);
+    m_messages.clear();
+}
+
+void MessageLog::setStreamOutput(bool enabled) {
+    std::lock_guard lock(m_mutex);
+    m_streamOutput = enabled;
+}
+
+} // namespace oz::cmd

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace oz::cmd {
+
+// The host's message log, where user messages, echoed commands and their
+// results go. Errors and warnings are written to standard error with a
+// "// Error: " or "// Warning: " prefix, the rest to standard output; the log
+// also keeps the latest messages so that tests and the host can read them.
+class MessageLog {
+public:
+    enum class Kind { Info, Warning, Error, Echo, Result };
+
+    struct Message {
+        Kind kind;
+        std::string text;
+    };
+
+    static MessageLog& instance();
+
+    void add(Kind kind, const std::string& text);
+
+    std::vector<Message> messages() const;
+    std::vector<std::string> texts(Kind kind) const;
+    // How many errors were ever added; unlike messages() it survives clear(),
+    // so callers can tell whether something reported an error meanwhile.
+    std::size_t errorCount() const;
+    void clear();
+
+    // Tests and quiet hosts turn the stream output off; the log still keeps
+    // the messages.
+    void setStreamOutput(bool enabled);
+
+private:
+    MessageLog() = default;
+
+    mutable std::mutex m_mutex;
+    std::vector<Message> m_messages;
+    std::size_t m_errorCount = 0;
+    bool m_streamOutput = true;
+};
+
+} // namespace oz::cmd

@@ -1,0 +1,127 @@
+#include "python/CmdsCall.h"
+
+#include "commands/CommandRegistry.h"
+#include "commands/Executor.h"
+#include "commands/MessageLog.h"
+#include "commands/SyntaxData.h"
+#include "python/ValueConversion.h"
+
+namespace py = pybind11;
+
+namespace oz::python {
+
+namespace {
+
+bool isSequence(py::handle object) {
+    return py::isinstance<py::list>(object) || py::isinstance<py::tuple>(object);
+}
+
+cmd::Value converted(const std::string& command, py::handle object) {
+    std::string error;
+    auto value = fromPython(object, error);
+    if (!value)
+        throw py::type_error(command + ": " + error);
+    return std::move(*value);
+}
+
+class ArgumentBuilder {
+public:
+    ArgumentBuilder(std::string command, const cmd::SyntaxData* syntax)
+        : m_command(std::move(command))
+        , m_syntax(syntax) {}
+
+    void addKeywords(const py::kwargs& kwargs) {
+        m_query = queryRequested(kwargs);
+        for (const auto [key, value] : kwargs)
+            addFlag(key.cast<std::string>(), value);
+    }
+
+    void addPositionals(const py::args& args) {
+        for (const py::handle arg : args)
+            spread(arg);
+    }
+
+    std::vector<cmd::ArgItem> take() { return std::move(m_items); }
+
+private:
+    bool queryRequested(const py::kwargs& kwargs) const {
+        if (!m_syntax || !m_syntax->query)
+            return false;
+        for (const char* key : {"q", "query"})
+            if (kwargs.contains(key) && py::bool_(kwargs[key]))
+                return true;
+        return false;
+    }
+
+    void addFlag(const std::string& name, py::handle value) {
+        const cmd::FlagSpec* spec = m_syntax ? m_syntax->find(name) : nullptr;
+        const bool takesNothing =
+            spec ? spec->argTypes.empty() || (m_query && !spec->queryWithArgs) : !m_syntax;
+        if (py::isinstance<py::bool_>(value) && (takesNothing || !spec)) {
+            if (value.cast<bool>())
+                m_items.push_back(cmd::ArgItem::flag(name));
+            return;
+        }
+        if (spec && spec->multiUse && py::isinstance<py::list>(value) && py::len(value) != 0 &&
+            isSequence(value.cast<py::list>()[0])) {
+            for (const py::handle use : value) {
+                m_items.push_back(cmd::ArgItem::flag(name));
+                spread(use);
+            }
+            return;
+        }
+        m_items.push_back(cmd::ArgItem::flag(name));
+        spread(value);
+    }
+
+    void spread(py::handle value) {
+        if (!isSequence(value)) {
+            m_items.push_back({converted(m_command, value)});
+            return;
+        }
+        for (const py::handle item : value)
+            m_items.push_back({converted(m_command, item)});
+    }
+
+    std::string m_command;
+    const cmd::SyntaxData* m_syntax;
+    bool m_query = false;
+    std::vector<cmd::ArgItem> m_items;
+};
+
+std::string lastErrorSince(std::size_t errorsBefore, const std::string& command) {
+    cmd::MessageLog& log = cmd::MessageLog::instance();
+    if (log.errorCount() != errorsBefore) {
+        const auto errors = log.texts(cmd::MessageLog::Kind::Error);
+        if (!errors.empty())
+            return errors.back();
+    }
+    return command + " failed";
+}
+
+} // namespace
+
+py::object callCommand(const std::string& name, py::args args, py::kwargs kwargs) {
+    const auto info = cmd::CommandRegistry::instance().find(name);
+    if (!info)
+        throw py::attribute_error("no command named '" + name + "'");
+    const ZSyntax syntax = info->makeSyntax ? info->makeSyntax() : ZSyntax();
+    ArgumentBuilder builder(name, info->makeSyntax ? &cmd::SyntaxAccess::data(syntax) : nullptr);
+    builder.addKeywords(kwargs);
+    builder.addPositionals(args);
+    const std::vector<cmd::ArgItem> items = builder.take();
+
+    cmd::Value result;
+    ZStatus status;
+    std::size_t errorsBefore = 0;
+    {
+        py::gil_scoped_release release;
+        errorsBefore = cmd::MessageLog::instance().errorCount();
+        status = cmd::Executor::invoke(name, items, result);
+    }
+    if (!status)
+        throw std::runtime_error(lastErrorSince(errorsBefore, name));
+    return toPython(result);
+}
+
+} // namespace oz::python
