@@ -1,0 +1,136 @@
+#include "graph/Node.h"
+
+#include <OpenZyvo/ZPxNode.h>
+#include <algorithm>
+
+namespace oz {
+
+Node::Node(std::shared_ptr<NodeType> nodeType)
+    : type(std::move(nodeType)) {
+    normal.roots.reserve(type->roots.size());
+    for (const auto& attribute : type->roots)
+        normal.roots.push_back(std::make_unique<Slot>(makeSlot(*attribute, false)));
+}
+
+Node::~Node() = default;
+
+unsigned int Node::rootCount() const {
+    return static_cast<unsigned int>(type->roots.size() + dynamicAttrs.size());
+}
+
+const std::shared_ptr<Attribute>& Node::rootAttribute(unsigned int slot) const {
+    const std::size_t statics = type->roots.size();
+    return slot < statics ? type->roots[slot] : dynamicAttrs[slot - statics];
+}
+
+int Node::rootSlotOf(const Attribute* root) const {
+    auto it = type->rootIndex.find(root);
+    if (it != type->rootIndex.end())
+        return static_cast<int>(it->second);
+    for (std::size_t i = 0; i < dynamicAttrs.size(); ++i)
+        if (dynamicAttrs[i].get() == root)
+            return static_cast<int>(type->roots.size() + i);
+    return -1;
+}
+
+bool Node::hasAttribute(const Attribute* attribute) const {
+    return attribute && rootSlotOf(attribute->root()) >= 0;
+}
+
+const Attribute* Node::findAttribute(const ZString& name) const {
+    if (const Attribute* a = type->findAttribute(name))
+        return a;
+    const Attribute* found = nullptr;
+    for (const auto& root : dynamicAttrs)
+        if (root && !found)
+            root->visit([&](const Attribute* a) {
+                if (!found && (a->longName == name || a->shortName == name))
+                    found = a;
+            });
+    return found;
+}
+
+bool Node::pathTo(const Attribute* attribute, Path& path) const {
+    path.clear();
+    if (!attribute)
+        return false;
+    const int rootSlot = rootSlotOf(attribute->root());
+    if (rootSlot < 0)
+        return false;
+    for (const Attribute* a = attribute; a; a = a->parent)
+        path.push_back(PathEntry{a, a->parent ? a->indexInParent : static_cast<unsigned int>(rootSlot), -1});
+    std::reverse(path.begin(), path.end());
+    return true;
+}
+
+std::vector<const Attribute*> Node::allAttributes() const {
+    std::vector<const Attribute*> out = type->all;
+    for (const auto& root : dynamicAttrs)
+        if (root)
+            root->visit([&](const Attribute* a) { out.push_back(a); });
+    return out;
+}
+
+Slot* Node::resolve(NodeStore& store, const Path& path, bool create) {
+    if (path.empty())
+        return nullptr;
+    unsigned int rootSlot = path.front().slot;
+    if (rootSlot >= rootCount() || rootAttribute(rootSlot).get() != path.front().attr) {
+        const int found = rootSlotOf(path.front().attr);
+        if (found < 0)
+            return nullptr;
+        rootSlot = static_cast<unsigned int>(found);
+    }
+    if (store.roots.size() < rootCount())
+        store.roots.resize(rootCount());
+    auto& root = store.roots[rootSlot];
+    if (!root) {
+        const Attribute& attribute = *rootAttribute(rootSlot);
+        if (&store == &normal || !normal.roots[rootSlot]) {
+            root = std::make_unique<Slot>(makeSlot(attribute, false));
+        } else {
+            root = std::make_unique<Slot>(*normal.roots[rootSlot]);
+            setDirtyTree(*root, true);
+        }
+    }
+    Slot* slot = root.get();
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        const PathEntry& step = path[i];
+        if (i > 0) {
+            if (step.attr->parent != path[i - 1].attr || step.slot >= slot->children.size())
+                return nullptr;
+            slot = &slot->children[step.slot];
+        }
+        if (step.index >= 0) {
+            if (!step.attr->flags.array)
+                return nullptr;
+            auto it = slot->elements.find(static_cast<unsigned int>(step.index));
+            if (it == slot->elements.end()) {
+                if (!create)
+                    return nullptr;
+                it = slot->elements.emplace(static_cast<unsigned int>(step.index), makeSlot(*step.attr, true))
+                         .first;
+            }
+            slot = &it->second;
+        }
+    }
+    return slot;
+}
+
+void Node::addPending(const Path& path) {
+    if (std::find(pending.begin(), pending.end(), path) == pending.end())
+        pending.push_back(path);
+}
+
+Node* nodeOf(const ZObject& object) {
+    const auto& p = ObjectAccess::get(object);
+    if (!p || !p->hasFn(ZFn::kDependencyNode))
+        return nullptr;
+    return static_cast<Node*>(p.get());
+}
+
+ZObject wrapNode(Node& node) {
+    return ObjectAccess::wrap(node.shared_from_this());
+}
+
+} // namespace oz
