@@ -17,9 +17,8 @@ struct Tangent {
     friend bool operator==(const Tangent&, const Tangent&) = default;
 };
 
-// A key of a curve. Times are in seconds, so keys keep their place when the
-// user's time unit changes; values are in the curve's internal unit
-// (centimetres, radians, plain numbers, or seconds for time curves).
+// A key of a curve. Times are in seconds and values in the curve's internal
+// unit (centimetres, radians, plain numbers, or seconds for time curves).
 struct Key {
     double time = 0.0;
     double value = 0.0;
