@@ -32,6 +32,10 @@ bool ExecutionScope::topLevel() {
     return g_depth == 0;
 }
 
+int ExecutionScope::depth() {
+    return g_depth;
+}
+
 bool ExecutionScope::recordsUndo() {
     return g_undoable && !UndoQueue::instance().replaying();
 }

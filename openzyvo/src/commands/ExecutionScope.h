@@ -16,6 +16,7 @@ public:
     ExecutionScope& operator=(const ExecutionScope&) = delete;
 
     static bool topLevel(); // no scope is open
+    static int depth();
     // Whether commands that finish now go on the undo queue.
     static bool recordsUndo();
 

@@ -14,6 +14,10 @@ namespace oz::cmd {
 
 namespace {
 
+// Far beyond what real scripts nest; a procedure that calls itself for ever
+// stops here instead of exhausting the stack.
+constexpr int kMaxDepth = 500;
+
 struct Frame {
     std::string name;
     Value* result;
@@ -106,6 +110,10 @@ ZStatus Executor::invoke(const std::string& name, const std::vector<ArgItem>& ar
                          const std::string& where) {
     ExecutionScope scope;
     result = Value();
+    if (ExecutionScope::depth() > kMaxDepth) {
+        reportError(where + name + ": commands are nested too deeply");
+        return ZStatus::kFailure;
+    }
     if (const auto command = CommandRegistry::instance().find(name))
         return runCommand(*command, args, result, where);
     if (const auto procedure = ProcedureRegistry::instance().find(name))

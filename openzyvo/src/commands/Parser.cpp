@@ -6,6 +6,10 @@ namespace oz::cmd {
 
 namespace {
 
+// Deeper nesting than any real script uses; it keeps hostile input from
+// exhausting the stack.
+constexpr int kMaxNesting = 256;
+
 class Parser {
 public:
     explicit Parser(std::vector<Token> tokens)
@@ -86,6 +90,15 @@ private:
     }
 
     bool parseCall(Invocation& call) {
+        if (m_nesting == kMaxNesting)
+            return fail(current(), "calls are nested too deeply");
+        ++m_nesting;
+        const bool parsed = parseCallBody(call);
+        --m_nesting;
+        return parsed;
+    }
+
+    bool parseCallBody(Invocation& call) {
         call.name = current().text;
         call.position = current().position;
         m_index += 2;
@@ -137,6 +150,7 @@ private:
 
     std::vector<Token> m_tokens;
     std::size_t m_index = 0;
+    int m_nesting = 0;
     SyntaxError m_error;
 };
 

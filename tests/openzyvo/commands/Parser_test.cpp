@@ -123,3 +123,10 @@ TEST(Parser, ErrorsNameLineAndColumn) {
 TEST(Parser, ColumnsCountCharactersNotBytes) {
     EXPECT_EQ(errorOf("print \"é\" \"ü"), "line 1, column 11: unterminated string");
 }
+
+TEST(Parser, DeepNestingIsAnErrorNotACrash) {
+    std::string deep;
+    for (int i = 0; i < 100000; ++i)
+        deep += "f(";
+    EXPECT_EQ(errorOf(deep), "line 1, column 513: calls are nested too deeply");
+}

@@ -65,3 +65,11 @@ TEST_F(Procedures, GoAwayWithTheirOwner) {
     oz::cmd::ProcedureRegistry::instance().removeOwnedBy(kOwner);
     EXPECT_EQ(ZGlobal::executeCommand("record"), ZStatus::kNotFound);
 }
+
+TEST_F(Procedures, EndlessRecursionStopsWithAnError) {
+    addProcedure("recurse",
+                 [](const std::vector<Value>&, Value&) { return ZGlobal::executeCommand("recurse"); });
+    EXPECT_FALSE(ZGlobal::executeCommand("recurse"));
+    ASSERT_FALSE(errors().empty());
+    EXPECT_EQ(errors()[0], "line 1, column 1: recurse: commands are nested too deeply");
+}
