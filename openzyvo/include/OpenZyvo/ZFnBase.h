@@ -11,7 +11,9 @@ public:
     virtual ~ZFnBase() = default;
 
     virtual ZFn::Type type() const { return ZFn::kBase; }
-    bool hasObj(const ZObject& object) const { return object.hasFn(type()); }
+    // Whether the function set can work on `object`; sets that accept several kinds of object
+    // (ZFnMesh takes mesh data and mesh shapes) override it.
+    virtual bool hasObj(const ZObject& object) const { return object.hasFn(type()); }
     bool hasObj(ZFn::Type kind) const { return kind == type(); }
     ZObject object(ZStatus* status = nullptr) const {
         if (status)

@@ -1,0 +1,41 @@
+#include "data/Component.h"
+
+#include <algorithm>
+
+namespace oz {
+
+bool Component::contains(int32_t element) const {
+    return std::binary_search(elements_.begin(), elements_.end(), element);
+}
+
+bool Component::containsAll(const Component& other) const {
+    return kind_ == other.kind_ &&
+           std::includes(elements_.begin(), elements_.end(), other.elements_.begin(), other.elements_.end());
+}
+
+void Component::add(int32_t element) {
+    // Groups are mostly filled in ascending order; appending keeps that case linear.
+    if (elements_.empty() || element > elements_.back()) {
+        elements_.push_back(element);
+        return;
+    }
+    const auto it = std::lower_bound(elements_.begin(), elements_.end(), element);
+    if (*it != element)
+        elements_.insert(it, element);
+}
+
+void Component::add(std::span<const int32_t> elements) {
+    const auto middle = static_cast<std::ptrdiff_t>(elements_.size());
+    elements_.insert(elements_.end(), elements.begin(), elements.end());
+    std::sort(elements_.begin() + middle, elements_.end());
+    std::inplace_merge(elements_.begin(), elements_.begin() + middle, elements_.end());
+    elements_.erase(std::unique(elements_.begin(), elements_.end()), elements_.end());
+}
+
+void Component::remove(std::span<const int32_t> elements) {
+    std::vector<int32_t> gone(elements.begin(), elements.end());
+    std::sort(gone.begin(), gone.end());
+    std::erase_if(elements_, [&](int32_t e) { return std::binary_search(gone.begin(), gone.end(), e); });
+}
+
+} // namespace oz

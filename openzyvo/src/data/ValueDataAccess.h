@@ -1,0 +1,44 @@
+#pragma once
+
+#include "core/Object.h"
+
+#include <OpenZyvo/ZObject.h>
+#include <OpenZyvo/ZStatus.h>
+#include <memory>
+
+namespace oz {
+
+// The common body of the function sets over ValueData kinds.
+
+inline void setStatus(ZStatus* status, ZStatus value) {
+    if (status)
+        *status = value;
+}
+
+template <class D> ZObject createValueData(typename D::ValueType initial, ZStatus* status) {
+    setStatus(status, ZStatus::kSuccess);
+    return ObjectAccess::wrap(std::make_shared<D>(std::move(initial)));
+}
+
+// The value held by `object`, or `fallback` emptied when the object is not of kind D; the fallback
+// lets accessors that return a reference fail without handing out anything shared.
+template <class D>
+typename D::ValueType& valueOf(const ZObject& object, typename D::ValueType& fallback, ZStatus* status) {
+    if (D* data = ObjectAccess::as<D>(object)) {
+        setStatus(status, ZStatus::kSuccess);
+        return data->value;
+    }
+    setStatus(status, ZStatus::kInvalidParameter);
+    fallback = typename D::ValueType();
+    return fallback;
+}
+
+template <class D> ZStatus setValueOf(const ZObject& object, const typename D::ValueType& value) {
+    D* data = ObjectAccess::as<D>(object);
+    if (!data)
+        return ZStatus::kInvalidParameter;
+    data->value = value;
+    return ZStatus::kSuccess;
+}
+
+} // namespace oz

@@ -1,0 +1,105 @@
+#include "data/MeshIteration.h"
+#include "data/SpaceTransform.h"
+
+#include <OpenZyvo/ZItGeometry.h>
+#include <vector>
+
+using oz::MeshElement;
+using oz::MeshTarget;
+
+namespace {
+constexpr MeshElement kVertex = MeshElement::kVertex;
+} // namespace
+
+ZItGeometry::ZItGeometry(const ZObject& geometry, ZStatus* status)
+    : m_object(geometry)
+    , m_target(oz::meshTargetOf(geometry)) {
+    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+}
+
+ZStatus ZItGeometry::reset() {
+    m_index = 0;
+    return m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+}
+
+bool ZItGeometry::isDone(ZStatus* status) const {
+    return m_index >= oz::elementCount(m_target, kVertex, status);
+}
+
+ZStatus ZItGeometry::next() {
+    ZStatus status;
+    if (m_index < oz::elementCount(m_target, kVertex, &status))
+        ++m_index;
+    return status;
+}
+
+int ZItGeometry::index(ZStatus* status) const {
+    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    return m_index;
+}
+
+int ZItGeometry::count(ZStatus* status) const {
+    return oz::elementCount(m_target, kVertex, status);
+}
+
+ZPoint ZItGeometry::position(ZSpace::Space space, ZStatus* status) const {
+    const oz::mesh::Mesh* mesh = oz::meshAt(m_target, kVertex, m_index, status);
+    const auto transform = mesh ? oz::SpaceTransform::make(*m_target, space) : std::nullopt;
+    if (!transform) {
+        oz::setStatus(status, ZStatus::kInvalidParameter);
+        return ZPoint();
+    }
+    return transform->pointToSpace(mesh->points()[static_cast<size_t>(m_index)]);
+}
+
+ZStatus ZItGeometry::setPosition(const ZPoint& point, ZSpace::Space space) {
+    const auto transform = m_target ? oz::SpaceTransform::make(*m_target, space) : std::nullopt;
+    if (!transform)
+        return ZStatus::kInvalidParameter;
+    return oz::editMesh(m_target, MeshTarget::Edit::kPoints, [&](oz::MeshData& data) {
+        return oz::toStatus(data.mesh.setPoint(m_index, transform->pointFromSpace(point)));
+    });
+}
+
+ZStatus ZItGeometry::allPositions(ZPointArray& positions, ZSpace::Space space) const {
+    ZStatus status;
+    const oz::mesh::Mesh* mesh = oz::readMesh(m_target, &status);
+    if (!mesh)
+        return status;
+    const auto transform = oz::SpaceTransform::make(*m_target, space);
+    if (!transform)
+        return ZStatus::kInvalidParameter;
+    const auto points = mesh->points();
+    // Appended rather than resized and overwritten: resizing would write every point twice.
+    auto& out = positions.asVector();
+    out.clear();
+    out.reserve(points.size());
+    if (transform->isIdentity()) {
+        for (const oz::mesh::Point3& p : points)
+            out.emplace_back(p.x, p.y, p.z);
+    } else {
+        for (const oz::mesh::Point3& p : points)
+            out.push_back(transform->pointToSpace(p));
+    }
+    return ZStatus::kSuccess;
+}
+
+ZStatus ZItGeometry::setAllPositions(const ZPointArray& positions, ZSpace::Space space) {
+    const auto transform = m_target ? oz::SpaceTransform::make(*m_target, space) : std::nullopt;
+    if (!transform)
+        return ZStatus::kInvalidParameter;
+    // Kept per thread between calls: a deformer sends every point on every evaluation, and filling
+    // a fresh array of a million points first costs page faults on top of the copy.
+    thread_local std::vector<oz::mesh::Point3> moved;
+    moved.resize(positions.length());
+    const ZPoint* in = positions.data();
+    if (transform->isIdentity()) {
+        for (size_t i = 0; i < moved.size(); ++i)
+            moved[i] = oz::toKernel(in[i]);
+    } else {
+        for (size_t i = 0; i < moved.size(); ++i)
+            moved[i] = transform->pointFromSpace(in[i]);
+    }
+    return oz::editMesh(m_target, MeshTarget::Edit::kPoints,
+                        [&](oz::MeshData& data) { return oz::toStatus(data.mesh.setPoints(moved)); });
+}
