@@ -94,7 +94,9 @@ public:
     ZStatus setPostInfinity(InfinityType type);
 
     // The curve's value at `time`, as above; the time overload is for
-    // time-to-time curves.
+    // time-to-time curves. Once the keys have been read after their last
+    // change (any call on the main thread does that), several threads may
+    // evaluate one curve at once.
     ZStatus evaluate(const ZTime& time, double& value) const;
     ZStatus evaluate(const ZTime& time, ZTime& value) const;
 };
