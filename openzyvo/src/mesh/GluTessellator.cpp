@@ -30,7 +30,11 @@ struct GluTessellator::Callbacks {
         GluTessellator& t = self(data);
         t.pending_[t.pendingCount_++] = *static_cast<const int32_t*>(vertexData);
         if (t.pendingCount_ == 3) {
-            t.out_->push_back(t.pending_);
+            // Crossings snapped to input vertices can leave a triangle with a repeated corner;
+            // it covers nothing, so it is dropped.
+            const Triangle& p = t.pending_;
+            if (p[0] != p[1] && p[1] != p[2] && p[2] != p[0])
+                t.out_->push_back(p);
             t.pendingCount_ = 0;
         }
     }

@@ -17,8 +17,6 @@ public:
     explicit VertexMergeIndex(double tolerance);
 
     double tolerance() const { return tolerance_; }
-    // Number of leading points of the indexed array that have been inserted.
-    int32_t indexedCount() const { return indexedCount_; }
 
     // Inserts points[indexedCount() ..]: the index follows a point array that only grows.
     void extend(std::span<const Point3> points);

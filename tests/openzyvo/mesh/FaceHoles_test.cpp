@@ -178,7 +178,11 @@ TEST(FaceHoles, TriangulationIsRebuiltForNewTopologyOnly) {
     std::vector<Point3> moved(mesh.points().begin(), mesh.points().end());
     for (Point3& p : moved)
         p.z += 5.0;
+    const uint64_t topologyVersion = mesh.topologyVersion();
+    const uint64_t geometryVersion = mesh.geometryVersion();
     ASSERT_EQ(mesh.setPoints(moved), Status::Success);
+    EXPECT_EQ(mesh.topologyVersion(), topologyVersion);
+    EXPECT_NE(mesh.geometryVersion(), geometryVersion);
     EXPECT_EQ(mesh.triangulation(), before);
     EXPECT_EQ(mesh.topology(), topologyBefore);
 
