@@ -8,6 +8,7 @@
 #include <OpenZyvo/ZFnUnitAttribute.h>
 #include <OpenZyvo/ZString.h>
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -90,6 +91,18 @@ public:
     bool frozen = false;
     // Owned as a dynamic attribute by a node.
     bool attachedToNode = false;
+
+    // Where this attribute sat in the node type that last asked, and what
+    // dirtying it reaches there: the graph asks both for every plug it
+    // dirties or reads, mostly on one type at a time.
+    struct TypeLookup {
+        const void* type = nullptr;
+        unsigned int rootSlot = 0;
+        const void* targetsType = nullptr;
+        std::uint64_t targetsVersion = 0;
+        const std::vector<const Attribute*>* targets = nullptr;
+    };
+    mutable TypeLookup lookup;
 };
 
 // The attribute a ZObject refers to, or null.

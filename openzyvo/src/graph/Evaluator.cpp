@@ -9,6 +9,8 @@
 #include <OpenZyvo/ZDataBlock.h>
 #include <OpenZyvo/ZEvaluationNode.h>
 #include <OpenZyvo/ZPlug.h>
+#include <cstdlib>
+#include <unordered_set>
 
 namespace oz {
 
@@ -40,11 +42,117 @@ EvalContext Evaluator::currentContext() {
 NodeStore& Evaluator::store(Node& node, const EvalContext& context) {
     if (context.normal)
         return node.normal;
-    return context.cache->stores[&node];
+    ContextCache& cache = *context.cache;
+    Node::ContextLookup& lookup = node.contextLookup;
+    if (lookup.cache != cache.id) {
+        lookup.cache = cache.id;
+        lookup.store = &cache.stores[&node];
+    }
+    lookup.store->stamp = cache.stamp;
+    return *lookup.store;
 }
 
 Slot* Evaluator::storage(Node& node, const Path& path, const EvalContext& context, bool create) {
     return node.resolve(store(node, context), path, create);
+}
+
+namespace {
+
+// Slots of paths without array elements live as long as their node; an
+// element's slot can go when its array is rebuilt (by a compute or a
+// transfer), so it is looked up again after anything ran.
+bool isStable(const Path& path) {
+    for (const PathEntry& step : path)
+        if (step.index >= 0)
+            return false;
+    return true;
+}
+
+} // namespace
+
+namespace {
+
+// Pulls nest as deep as the graph upstream of the plug read. Once nested
+// pulls use this much stack, the plugs upstream are evaluated first, sources
+// before readers, so that long chains cannot exhaust the stack.
+constexpr std::ptrdiff_t kPullStackBudget = 1 << 20;
+thread_local const char* pullBase = nullptr;
+
+// Marks where the outermost pull of this thread began; an inner scope with
+// `fresh` starts counting anew (settled plugs evaluate shallowly).
+class PullScope {
+public:
+    explicit PullScope(bool fresh)
+        : m_previous(pullBase) {
+        if (fresh || !pullBase)
+            pullBase = reinterpret_cast<const char*>(this);
+    }
+    ~PullScope() { pullBase = m_previous; }
+    PullScope(const PullScope&) = delete;
+    PullScope& operator=(const PullScope&) = delete;
+
+    static bool deep() {
+        const char here = 0;
+        return pullBase && std::abs(pullBase - &here) > kPullStackBudget;
+    }
+
+private:
+    const char* m_previous;
+};
+
+struct PlugKeyHash {
+    std::size_t operator()(const std::pair<const Node*, const Attribute*>& key) const {
+        return std::hash<const void*>()(key.first) * 31u ^ std::hash<const void*>()(key.second);
+    }
+};
+
+} // namespace
+
+void Evaluator::settleUpstream(Node& node, const Path& path, const EvalContext& context) {
+    struct Item {
+        Node* node;
+        Path path;
+        bool expanded;
+    };
+    std::vector<Item> stack{Item{&node, path, false}};
+    std::vector<Item> order;
+    std::unordered_set<std::pair<const Node*, const Attribute*>, PlugKeyHash> seen;
+    Graph& graph = Graph::instance();
+    while (!stack.empty()) {
+        if (stack.back().expanded) {
+            order.push_back(std::move(stack.back()));
+            stack.pop_back();
+            continue;
+        }
+        stack.back().expanded = true;
+        Node& at = *stack.back().node;
+        const Path here = stack.back().path;
+        std::vector<std::pair<Node*, Path>> sources;
+        if (std::shared_ptr<Connection> c = graph.driver(at, here)) {
+            sources.emplace_back(c->dst.size() == here.size() ? c->srcNode : &at,
+                                 c->dst.size() == here.size() ? c->src : c->dst);
+        } else {
+            for (const Attribute* a : at.type->affectingFamily(here.back().attr)) {
+                Path input;
+                if (at.pathTo(a->outermostArray(), input))
+                    sources.emplace_back(&at, std::move(input));
+            }
+        }
+        for (auto& [source, sourcePath] : sources) {
+            Slot* slot = storage(*source, sourcePath, context);
+            if (slot && slot->dirty && !slot->evaluating &&
+                seen.insert(std::make_pair(static_cast<const Node*>(source), sourcePath.back().attr)).second)
+                stack.push_back(Item{source, std::move(sourcePath), false});
+        }
+    }
+    PullScope shallow(true);
+    order.pop_back();
+    for (const Item& item : order)
+        pull(*item.node, item.path, context);
+}
+
+Slot* Evaluator::refresh(Node& node, const Path& path, const EvalContext& context, Slot* known) {
+    return isStable(path) ? known : storage(node, path, context, false);
 }
 
 Slot* Evaluator::pull(Node& node, const Path& path, const EvalContext& context) {
@@ -61,62 +169,66 @@ Slot* Evaluator::pull(Node& node, const Path& path, const EvalContext& context) 
         if (slot->evaluating) {
             reportWarning(ZString("cycle on '") + plugText(node, path) + "' may not evaluate as expected");
         } else {
-            evaluate(node, path, context);
-            slot = storage(node, path, context);
+            if (PullScope::deep()) {
+                slot->evaluating = true;
+                settleUpstream(node, path, context);
+                slot = refresh(node, path, context, slot);
+                if (!slot)
+                    return nullptr;
+            }
+            PullScope scope(false);
+            slot->evaluating = true;
+            slot = evaluate(node, path, context, slot);
             if (!slot)
                 return nullptr;
+            slot->evaluating = false;
         }
     }
     slot->propagated = false;
     return slot;
 }
 
-void Evaluator::evaluate(Node& node, const Path& path, const EvalContext& context) {
-    storage(node, path, context)->evaluating = true;
-    if (const Connection* c = Graph::instance().driver(node, path)) {
-        if (c->dst.size() == path.size()) {
-            const Connection connection = *c;
-            Slot* source = pull(*connection.srcNode, connection.src, context);
-            Slot* target = storage(node, path, context);
-            if (source && target) {
-                transferValue(*target, *path.back().attr, isArrayPath(path), *source,
-                              *connection.src.back().attr, isArrayPath(connection.src));
-                if (source->dirty)
-                    setDirtyTree(*target, true);
-            }
-        } else {
-            // Driven through a connected ancestor: its value brings ours.
-            const Path ancestor = c->dst;
-            pull(node, ancestor, context);
-            if (Slot* target = storage(node, path, context, false); target && target->evaluating)
-                target->dirty = false;
+Slot* Evaluator::evaluate(Node& node, const Path& path, const EvalContext& context, Slot* slot) {
+    std::shared_ptr<Connection> c = Graph::instance().driver(node, path);
+    if (!c)
+        return compute(node, path, context, slot);
+    if (c->dst.size() == path.size()) {
+        Slot* source = pull(*c->srcNode, c->src, context);
+        slot = refresh(node, path, context, slot);
+        if (source && slot) {
+            transferValue(*slot, *path.back().attr, isArrayPath(path), *source, *c->src.back().attr,
+                          isArrayPath(c->src));
+            if (source->dirty)
+                setDirtyTree(*slot, true);
         }
-    } else {
-        compute(node, path, context);
+        return slot;
     }
-    if (Slot* slot = storage(node, path, context, false))
-        slot->evaluating = false;
+    // Driven through a connected ancestor: its value brings ours.
+    pull(node, c->dst, context);
+    slot = refresh(node, path, context, slot);
+    if (slot && slot->dirty)
+        slot->dirty = false;
+    return slot;
 }
 
-void Evaluator::compute(Node& node, const Path& path, const EvalContext& context) {
+Slot* Evaluator::compute(Node& node, const Path& path, const EvalContext& context, Slot* slot) {
     // Try the plug, then (while they are dirty) its ancestors: nodes often
     // compute a compound or an array as a whole.
-    Path at = path;
-    for (bool first = true;; first = false) {
-        Slot* slot = storage(node, at, context);
-        if (!first && (!slot || !slot->dirty))
-            break;
-        const ZStatus status = callCompute(node, at, context);
-        if (status.statusCode() != ZStatus::kUnknownParameter)
-            return;
-        if (isTopmost(at))
-            break;
+    ZStatus status = callCompute(node, path, context, slot);
+    for (Path at = path; status.statusCode() == ZStatus::kUnknownParameter && !isTopmost(at);) {
         at = parentPath(at);
+        Slot* ancestor = storage(node, at, context);
+        if (!ancestor || !ancestor->dirty)
+            break;
+        status = callCompute(node, at, context, ancestor);
     }
-    useStoredValue(node, path, context);
+    slot = refresh(node, path, context, slot);
+    if (status.statusCode() == ZStatus::kUnknownParameter && slot)
+        slot = useStoredValue(node, path, context, slot);
+    return slot;
 }
 
-ZStatus Evaluator::callCompute(Node& node, const Path& path, const EvalContext& context) {
+ZStatus Evaluator::callCompute(Node& node, const Path& path, const EvalContext& context, Slot* slot) {
     if (!node.user)
         return ZStatus::kUnknownParameter;
     if (!node.pending.empty()) {
@@ -125,14 +237,13 @@ ZStatus Evaluator::callCompute(Node& node, const Path& path, const EvalContext& 
         if (context.normal)
             node.pending.clear();
     }
-    Slot* slot = storage(node, path, context);
     Slot previous = *slot;
     const ZPlug plug = PlugAccess::make(node, path);
     EvalFrame frame{&node, &context};
     ZDataBlock block = BlockAccess::make(&frame);
     const ZStatus status = node.user->compute(plug, block);
     if (status.error() && status.statusCode() != ZStatus::kUnknownParameter) {
-        if (Slot* now = storage(node, path, context)) {
+        if (Slot* now = refresh(node, path, context, slot)) {
             const bool evaluating = now->evaluating;
             *now = std::move(previous);
             now->evaluating = evaluating;
@@ -144,14 +255,11 @@ ZStatus Evaluator::callCompute(Node& node, const Path& path, const EvalContext& 
     return status;
 }
 
-void Evaluator::useStoredValue(Node& node, const Path& path, const EvalContext& context) {
-    Slot* slot = storage(node, path, context);
-    if (!slot)
-        return;
+Slot* Evaluator::useStoredValue(Node& node, const Path& path, const EvalContext& context, Slot* slot) {
     if (isArrayPath(path)) {
         std::vector<unsigned int> indices;
-        for (const auto& [index, element] : slot->elements)
-            indices.push_back(index);
+        for (const auto& element : slot->elements)
+            indices.push_back(element.first);
         for (unsigned int index : indices) {
             Path element = path;
             element.back().index = static_cast<int>(index);
@@ -165,8 +273,10 @@ void Evaluator::useStoredValue(Node& node, const Path& path, const EvalContext& 
             pull(node, child, context);
         }
     }
-    if (Slot* again = storage(node, path, context, false))
-        again->dirty = false;
+    slot = refresh(node, path, context, slot);
+    if (slot)
+        slot->dirty = false;
+    return slot;
 }
 
 } // namespace oz

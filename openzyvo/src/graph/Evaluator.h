@@ -16,6 +16,12 @@ namespace oz {
 struct ContextCache {
     ZTime time;
     std::uint64_t generation = 0;
+    // Bumped when the cache is recycled for another time: the stores' slots
+    // stay allocated but no longer count as current.
+    std::uint64_t stamp = 1;
+    // Unique among caches; renewed when `stores` is emptied, which ends
+    // pointers into it.
+    std::uint64_t id = 0;
     std::unordered_map<const Node*, NodeStore> stores;
 };
 
@@ -50,10 +56,16 @@ public:
     NodeStore& store(Node& node, const EvalContext& context);
 
 private:
-    void evaluate(Node& node, const Path& path, const EvalContext& context);
-    void compute(Node& node, const Path& path, const EvalContext& context);
-    ZStatus callCompute(Node& node, const Path& path, const EvalContext& context);
-    void useStoredValue(Node& node, const Path& path, const EvalContext& context);
+    // Each takes the plug's current slot and returns it (looked up again if
+    // it may have moved), or null when the plug no longer leads anywhere.
+    Slot* evaluate(Node& node, const Path& path, const EvalContext& context, Slot* slot);
+    Slot* compute(Node& node, const Path& path, const EvalContext& context, Slot* slot);
+    Slot* useStoredValue(Node& node, const Path& path, const EvalContext& context, Slot* slot);
+    Slot* refresh(Node& node, const Path& path, const EvalContext& context, Slot* known);
+    ZStatus callCompute(Node& node, const Path& path, const EvalContext& context, Slot* slot);
+    // Evaluates the dirty plugs upstream of a plug (not the plug itself),
+    // sources first, without nesting.
+    void settleUpstream(Node& node, const Path& path, const EvalContext& context);
 };
 
 } // namespace oz

@@ -243,18 +243,36 @@ std::shared_ptr<ContextCache> Graph::contextCache(const ZTime& time) {
     constexpr std::size_t kKept = 8;
     for (std::size_t i = 0; i < m_contextCaches.size(); ++i) {
         auto& cache = m_contextCaches[i];
-        if (cache->generation == m_edit && cache->time == time) {
+        const bool sameTime =
+            cache->time.unit() == time.unit() ? cache->time.value() == time.value() : cache->time == time;
+        if (cache->generation == m_edit && sameTime) {
             std::rotate(m_contextCaches.begin(), m_contextCaches.begin() + i,
                         m_contextCaches.begin() + i + 1);
             return m_contextCaches.front();
         }
     }
-    auto cache = std::make_shared<ContextCache>();
+    std::shared_ptr<ContextCache> cache;
+    if (m_contextCaches.size() >= kKept) {
+        // Recycle the oldest cache unless an evaluation still uses it. Its
+        // stores stay allocated while the graph is unchanged (their nodes
+        // still exist); after an edit they go.
+        cache = std::move(m_contextCaches.back());
+        m_contextCaches.pop_back();
+        if (cache.use_count() > 1) {
+            cache = std::make_shared<ContextCache>();
+            cache->id = ++m_contextCacheIds;
+        } else if (cache->generation != m_edit) {
+            cache->stores.clear();
+            cache->id = ++m_contextCacheIds;
+        }
+        ++cache->stamp;
+    } else {
+        cache = std::make_shared<ContextCache>();
+        cache->id = ++m_contextCacheIds;
+    }
     cache->time = time;
     cache->generation = m_edit;
     m_contextCaches.insert(m_contextCaches.begin(), cache);
-    if (m_contextCaches.size() > kKept)
-        m_contextCaches.pop_back();
     return cache;
 }
 

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 class ZDGModifier;
@@ -74,7 +75,7 @@ public:
     ZStatus disconnect(const std::shared_ptr<Connection>& connection);
     std::shared_ptr<Connection> findConnection(const PlugRef& src, const PlugRef& dst) const;
     // The connection into `path` or into a plug containing it.
-    const Connection* driver(const Node& node, const Path& path) const;
+    std::shared_ptr<Connection> driver(const Node& node, const Path& path) const;
 
     // Dirties a plug (unless `markSelf` is false: a plug whose value was just
     // set) and propagates to what depends on it.
@@ -84,9 +85,9 @@ public:
     void setCurrentTime(const ZTime& time);
     ZTime currentTime() const { return m_time; }
     ZStatus setTimeDriven(Node& node, const Attribute* attribute, bool timeDriven);
-    // Whether a plug of `attribute` can change with time: it is time-driven,
-    // or reads a time-dependent source, or is affected by a time-dependent
-    // attribute of its node.
+    // Whether a plug of `attribute` can change with time: setting the time
+    // would dirty it (through affects relations and connections from a
+    // time-driven plug).
     bool isTimeDependent(Node& node, const Attribute* attribute);
 
     // Edits of values, connections and nodes count up `editGeneration`;
@@ -101,7 +102,7 @@ public:
 private:
     Graph() = default;
     ZString uniqueName(const ZString& requested, const ZString& typeName);
-    bool timeDependent(Node& node, const Attribute* attribute);
+    void findTimeDependence();
     void breakConnection(const std::shared_ptr<Connection>& connection);
 
     std::vector<std::shared_ptr<Node>> m_nodes;
@@ -119,8 +120,9 @@ private:
             return std::hash<const void*>()(p.first) * 31u ^ std::hash<const void*>()(p.second);
         }
     };
-    std::unordered_map<std::pair<const Node*, const Attribute*>, bool, PairHash> m_timeDependence;
+    std::unordered_set<std::pair<const Node*, const Attribute*>, PairHash> m_timeDependence;
     std::vector<std::shared_ptr<ContextCache>> m_contextCaches;
+    std::uint64_t m_contextCacheIds = 0;
     Evaluator m_evaluator;
 };
 

@@ -168,10 +168,10 @@ ZStatus Graph::disconnect(const std::shared_ptr<Connection>& c) {
     return ZStatus::kSuccess;
 }
 
-const Connection* Graph::driver(const Node& node, const Path& path) const {
+std::shared_ptr<Connection> Graph::driver(const Node& node, const Path& path) const {
     for (const auto& c : node.incoming)
         if (covers(c->dst, path))
-            return c.get();
+            return c;
     return nullptr;
 }
 

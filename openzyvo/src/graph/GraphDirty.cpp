@@ -37,13 +37,6 @@ void markAncestorsDirty(Node& node, const Path& path) {
     }
 }
 
-bool inFamily(const std::vector<const Attribute*>& list, const Attribute* a) {
-    for (const Attribute* b : list)
-        if (b == a || b->isAncestorOf(a) || a->isAncestorOf(b))
-            return true;
-    return false;
-}
-
 } // namespace
 
 void Graph::dirty(Node& start, const Path& startPath, bool markSelf) {
@@ -129,35 +122,45 @@ ZStatus Graph::setTimeDriven(Node& node, const Attribute* attribute, bool timeDr
 }
 
 bool Graph::isTimeDependent(Node& node, const Attribute* attribute) {
-    if (m_timeDependenceVersion != m_topology) {
-        m_timeDependence.clear();
-        m_timeDependenceVersion = m_topology;
-    }
-    return timeDependent(node, attribute);
+    if (m_timeDependenceVersion != m_topology)
+        findTimeDependence();
+    const auto reached = [&](const Attribute* a) {
+        return m_timeDependence.count(std::make_pair(static_cast<const Node*>(&node), a)) != 0;
+    };
+    for (const Attribute* a = attribute; a; a = a->parent)
+        if (reached(a))
+            return true;
+    bool below = false;
+    for (const auto& child : attribute->children)
+        child->visit([&](const Attribute* a) { below = below || reached(a); });
+    return below;
 }
 
-bool Graph::timeDependent(Node& node, const Attribute* attribute) {
-    const auto key = std::make_pair(static_cast<const Node*>(&node), attribute);
-    if (auto it = m_timeDependence.find(key); it != m_timeDependence.end())
-        return it->second;
-    // Provisional answer while this plug's sources are visited, so cycles end.
-    m_timeDependence.emplace(key, false);
-    bool result = inFamily(node.type->timeDriven, attribute) || inFamily(node.timeDriven, attribute);
-    for (std::size_t i = 0; !result && i < node.incoming.size(); ++i) {
-        const Connection& c = *node.incoming[i];
-        const Attribute* dst = leafAttribute(c.dst);
-        if ((dst == attribute || dst->isAncestorOf(attribute) || attribute->isAncestorOf(dst)) &&
-            timeDependent(*c.srcNode, leafAttribute(c.src)))
-            result = true;
+// Everything a change of time reaches, found the way setCurrentTime dirties:
+// from the time-driven plugs through affects relations and connections.
+void Graph::findTimeDependence() {
+    m_timeDependence.clear();
+    m_timeDependenceVersion = m_topology;
+    std::vector<std::pair<Node*, const Attribute*>> work;
+    for (Node* node : m_timeDrivenNodes) {
+        for (const Attribute* a : node->type->timeDriven)
+            work.emplace_back(node, a);
+        for (const Attribute* a : node->timeDriven)
+            work.emplace_back(node, a);
     }
-    if (!result)
-        for (const Attribute* source : node.type->affectingFamily(attribute))
-            if (timeDependent(node, source)) {
-                result = true;
-                break;
-            }
-    m_timeDependence[key] = result;
-    return result;
+    while (!work.empty()) {
+        auto [node, attribute] = work.back();
+        work.pop_back();
+        if (!m_timeDependence.insert(std::make_pair(static_cast<const Node*>(node), attribute)).second)
+            continue;
+        for (const Attribute* target : node->type->dirtyTargets(attribute))
+            work.emplace_back(node, target);
+        for (const auto& c : node->outgoing) {
+            const Attribute* src = leafAttribute(c->src);
+            if (src == attribute || src->isAncestorOf(attribute) || attribute->isAncestorOf(src))
+                work.emplace_back(c->dstNode, leafAttribute(c->dst));
+        }
+    }
 }
 
 } // namespace oz

@@ -24,9 +24,16 @@ const std::shared_ptr<Attribute>& Node::rootAttribute(unsigned int slot) const {
 }
 
 int Node::rootSlotOf(const Attribute* root) const {
+    Attribute::TypeLookup& lookup = root->lookup;
+    if (lookup.type == type.get() && lookup.rootSlot < type->roots.size() &&
+        type->roots[lookup.rootSlot].get() == root)
+        return static_cast<int>(lookup.rootSlot);
     auto it = type->rootIndex.find(root);
-    if (it != type->rootIndex.end())
+    if (it != type->rootIndex.end()) {
+        lookup.type = type.get();
+        lookup.rootSlot = it->second;
         return static_cast<int>(it->second);
+    }
     for (std::size_t i = 0; i < dynamicAttrs.size(); ++i)
         if (dynamicAttrs[i].get() == root)
             return static_cast<int>(type->roots.size() + i);
@@ -74,23 +81,30 @@ std::vector<const Attribute*> Node::allAttributes() const {
 Slot* Node::resolve(NodeStore& store, const Path& path, bool create) {
     if (path.empty())
         return nullptr;
+    const unsigned int roots = rootCount();
     unsigned int rootSlot = path.front().slot;
-    if (rootSlot >= rootCount() || rootAttribute(rootSlot).get() != path.front().attr) {
+    if (rootSlot >= roots || rootAttribute(rootSlot).get() != path.front().attr) {
         const int found = rootSlotOf(path.front().attr);
         if (found < 0)
             return nullptr;
         rootSlot = static_cast<unsigned int>(found);
     }
-    if (store.roots.size() < rootCount())
-        store.roots.resize(rootCount());
+    if (store.roots.size() < roots)
+        store.roots.resize(roots);
     auto& root = store.roots[rootSlot];
-    if (!root) {
-        const Attribute& attribute = *rootAttribute(rootSlot);
-        if (&store == &normal || !normal.roots[rootSlot]) {
-            root = std::make_unique<Slot>(makeSlot(attribute, false));
-        } else {
-            root = std::make_unique<Slot>(*normal.roots[rootSlot]);
+    if (&store == &normal) {
+        if (!root)
+            root = std::make_unique<Slot>(makeSlot(*rootAttribute(rootSlot), false));
+    } else {
+        if (store.stamps.size() < roots)
+            store.stamps.resize(roots, 0);
+        if (!root || store.stamps[rootSlot] != store.stamp) {
+            const Slot* source = normal.roots[rootSlot].get();
+            if (!root)
+                root = std::make_unique<Slot>();
+            *root = source ? *source : makeSlot(*rootAttribute(rootSlot), false);
             setDirtyTree(*root, true);
+            store.stamps[rootSlot] = store.stamp;
         }
     }
     Slot* slot = root.get();

@@ -4,6 +4,7 @@
 #include "graph/NodeType.h"
 #include "graph/Slot.h"
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -12,9 +13,13 @@ namespace oz {
 struct CallbackEntry;
 
 // The values of one node, one slot per top-level attribute. The normal
-// context keeps one per node; other contexts keep their own.
+// context keeps one per node; other contexts keep their own, whose root
+// slots are current only while their stamp matches the store's (a recycled
+// context cache bumps the store's stamp instead of freeing the slots).
 struct NodeStore {
     std::vector<std::unique_ptr<Slot>> roots;
+    std::vector<std::uint64_t> stamps;
+    std::uint64_t stamp = 0;
 };
 
 // A node instance: its type, its object of the node's class, its values,
@@ -74,6 +79,13 @@ public:
     unsigned int dirtyPlugCallbacks = 0;
     Node* dagParent = nullptr;
     std::vector<Node*> dagChildren;
+
+    // The store of this node in the context cache used last, so repeated
+    // reads in one context skip the cache's lookup.
+    struct ContextLookup {
+        std::uint64_t cache = 0;
+        NodeStore* store = nullptr;
+    } contextLookup;
 };
 
 // The node a ZObject refers to; null for other objects and for finalised nodes.

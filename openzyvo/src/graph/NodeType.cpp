@@ -53,6 +53,8 @@ ZStatus NodeType::addRoot(const std::shared_ptr<Attribute>& attribute) {
             byName.emplace(a->shortName, a);
     });
     m_targets.clear();
+    m_sources.clear();
+    ++m_targetsVersion;
     return ZStatus::kSuccess;
 }
 
@@ -65,6 +67,8 @@ ZStatus NodeType::addAffects(const Attribute* whenChanges, const Attribute* isAf
         affectedBy[isAffected].push_back(whenChanges);
     }
     m_targets.clear();
+    m_sources.clear();
+    ++m_targetsVersion;
     return ZStatus::kSuccess;
 }
 
@@ -90,13 +94,22 @@ ZStatus NodeType::inherit(const NodeType& parent) {
         if (std::find(timeDriven.begin(), timeDriven.end(), a) == timeDriven.end())
             timeDriven.push_back(a);
     m_targets.clear();
+    m_sources.clear();
+    ++m_targetsVersion;
     return ZStatus::kSuccess;
 }
 
 const std::vector<const Attribute*>& NodeType::dirtyTargets(const Attribute* attribute) const {
+    Attribute::TypeLookup& lookup = attribute->lookup;
+    if (lookup.targetsType == this && lookup.targetsVersion == m_targetsVersion)
+        return *lookup.targets;
+    lookup.targetsType = this;
+    lookup.targetsVersion = m_targetsVersion;
     auto cached = m_targets.find(attribute);
-    if (cached != m_targets.end())
+    if (cached != m_targets.end()) {
+        lookup.targets = &cached->second;
         return cached->second;
+    }
     std::vector<const Attribute*> out;
     auto collect = [&](const Attribute* source) {
         auto it = affects.find(source);
@@ -111,10 +124,14 @@ const std::vector<const Attribute*>& NodeType::dirtyTargets(const Attribute* att
     for (const Attribute* a = attribute->parent; a; a = a->parent)
         collect(a);
     attribute->visit(collect);
-    return m_targets.emplace(attribute, std::move(out)).first->second;
+    lookup.targets = &m_targets.emplace(attribute, std::move(out)).first->second;
+    return *lookup.targets;
 }
 
-std::vector<const Attribute*> NodeType::affectingFamily(const Attribute* attribute) const {
+const std::vector<const Attribute*>& NodeType::affectingFamily(const Attribute* attribute) const {
+    auto cached = m_sources.find(attribute);
+    if (cached != m_sources.end())
+        return cached->second;
     std::vector<const Attribute*> out;
     auto collect = [&](const Attribute* target) {
         auto it = affectedBy.find(target);
@@ -127,7 +144,7 @@ std::vector<const Attribute*> NodeType::affectingFamily(const Attribute* attribu
     for (const Attribute* a = attribute->parent; a; a = a->parent)
         collect(a);
     attribute->visit(collect);
-    return out;
+    return m_sources.emplace(attribute, std::move(out)).first->second;
 }
 
 } // namespace oz

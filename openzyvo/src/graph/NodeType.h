@@ -50,7 +50,7 @@ public:
     // `attribute` is dirtied: what it, its ancestors and its descendants affect.
     const std::vector<const Attribute*>& dirtyTargets(const Attribute* attribute) const;
     // The attributes whose change affects `attribute` or its family.
-    std::vector<const Attribute*> affectingFamily(const Attribute* attribute) const;
+    const std::vector<const Attribute*>& affectingFamily(const Attribute* attribute) const;
 
     // Whether a name of `attribute` or its descendants is taken on this type,
     // or used twice among them.
@@ -58,6 +58,9 @@ public:
 
 private:
     mutable std::unordered_map<const Attribute*, std::vector<const Attribute*>> m_targets;
+    mutable std::unordered_map<const Attribute*, std::vector<const Attribute*>> m_sources;
+    // Counts changes of the affects relations, which empty m_targets.
+    std::uint64_t m_targetsVersion = 1;
 };
 
 } // namespace oz

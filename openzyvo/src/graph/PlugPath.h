@@ -1,7 +1,8 @@
 #pragma once
 
+#include "graph/SmallVector.h"
+
 #include <OpenZyvo/ZString.h>
-#include <vector>
 
 namespace oz {
 
@@ -21,7 +22,7 @@ struct PathEntry {
     }
 };
 
-using Path = std::vector<PathEntry>;
+using Path = SmallVector<PathEntry, 4>;
 
 const Attribute* leafAttribute(const Path& path);
 // The path names an element of an array (its last step has an index).

@@ -161,3 +161,20 @@ TEST_F(Evaluation, CyclesEvaluateWithoutHanging) {
     EXPECT_TRUE(std::isfinite(first) && std::isfinite(second));
     EXPECT_NE(report.find("cycle"), std::string::npos) << report;
 }
+
+TEST_F(Evaluation, LongChainsEvaluateWithoutExhaustingTheStack) {
+    constexpr int length = 6000;
+    std::vector<ZObject> nodes;
+    ZDGModifier modifier;
+    for (int i = 0; i < length; ++i) {
+        nodes.push_back(create("graphTestAdder"));
+        if (i > 0)
+            modifier.connect(ZPlug(nodes[i - 1], Adder::output), ZPlug(nodes[i], Adder::input));
+        ZPlug(nodes[i], Adder::offset).setValue(1.0);
+    }
+    ASSERT_TRUE(modifier.doIt());
+    plug(nodes.front(), "input").setValue(0.5);
+    EXPECT_DOUBLE_EQ(ZPlug(nodes.back(), Adder::output).asDouble(), length + 0.5);
+    for (const ZObject& node : nodes)
+        ASSERT_EQ(user<Adder>(node)->computes, 1);
+}
