@@ -1,0 +1,10 @@
+#pragma once
+
+#include <OpenZyvo/ZPxGeometryFilter.h>
+
+// The base that deformers of plug-ins derive from. It adds nothing to ZPxGeometryFilter but a
+// name: nodes of the deformer kind take their attributes and compute from there.
+class ZPxDeformerNode : public ZPxGeometryFilter {
+public:
+    ZPxDeformerNode() = default;
+};
