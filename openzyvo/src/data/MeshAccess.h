@@ -5,6 +5,7 @@
 #include "data/MeshData.h"
 #include "data/MeshTarget.h"
 #include "data/ValueDataAccess.h"
+#include "graph/Node.h"
 
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
@@ -12,8 +13,12 @@
 namespace oz {
 
 // The mesh target an object refers to (mesh data or a mesh shape node), or null.
+// A shape is a graph node whose user class implements the target.
 inline MeshTarget* meshTargetOf(const ZObject& object) {
-    return dynamic_cast<MeshTarget*>(ObjectAccess::get(object).get());
+    if (auto* target = dynamic_cast<MeshTarget*>(ObjectAccess::get(object).get()))
+        return target;
+    const Node* node = nodeOf(object);
+    return node ? dynamic_cast<MeshTarget*>(node->user.get()) : nullptr;
 }
 
 // The mesh to read through `target`, or null (with a failed status) when there is none.

@@ -2,6 +2,7 @@
 #include "data/MeshData.h"
 
 #include <OpenZyvo/ZFnDependencyNode.h>
+#include <OpenZyvo/ZFnMesh.h>
 #include <OpenZyvo/ZPxNode.h>
 
 namespace nodestest {
@@ -63,6 +64,24 @@ TEST_F(MeshShape, AConnectedShapeRefusesEdits) {
     connect(plug(source, "outMesh"), plug(shape, "inMesh"));
     EXPECT_EQ(targetOf(shape).meshForWrite(), nullptr);
     EXPECT_NE(targetOf(shape).meshForRead(), nullptr);
+}
+
+TEST_F(MeshShape, FunctionSetsWorkOnTheShapeNode) {
+    const ZObject transform = createDag("transform", "built");
+    const ZPointArray square = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
+    ZStatus status;
+    ZFnMesh fn;
+    const ZObject shape = fn.create(4, 1, square, ZIntArray{4}, ZIntArray{0, 1, 2, 3}, transform, &status);
+    ASSERT_TRUE(status);
+    ASSERT_FALSE(shape.isNull());
+    setTriple(transform, "translate", 5, 0, 0);
+
+    ZFnMesh onShape(shape);
+    EXPECT_EQ(onShape.numPolygons(), 1);
+    ZPoint corner;
+    ASSERT_TRUE(onShape.getPoint(1, corner, ZSpace::kWorld));
+    EXPECT_EQ(corner, ZPoint(6, 0, 0));
+    EXPECT_EQ(points(plug(shape, "outMesh").asZObject())[2], ZPoint(1, 1, 0));
 }
 
 } // namespace
