@@ -1,0 +1,81 @@
+#include "text/TextLayoutPath.h"
+
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <string>
+
+namespace type {
+namespace {
+
+std::string hexOf(const std::string& text) {
+    std::string hex;
+    char token[8];
+    for (const char c : text) {
+        std::snprintf(token, sizeof token, "%x ", static_cast<unsigned char>(c));
+        hex += token;
+    }
+    return hex;
+}
+
+// Ten lines of 100 characters of running text, 1,000 characters in all.
+std::string paragraph() {
+    const std::string words = "The quick brown fox jumps over the lazy dog while 0123456789 clocks tick; ";
+    std::string text;
+    std::size_t next = 0;
+    for (int line = 0; line < 10; ++line) {
+        if (line > 0)
+            text += '\n';
+        for (int i = 0; i < 100; ++i)
+            text += words[next++ % words.size()];
+    }
+    return text;
+}
+
+TypeSettings settingsFor(const std::string& text) {
+    TypeSettings settings;
+    settings.family = "DejaVu Sans";
+    settings.style = "Book";
+    settings.curveResolution = 4;
+    settings.text = hexOf(text);
+    return settings;
+}
+
+void layOutCold(benchmark::State& state, const std::string& text) {
+    const TypeSettings settings = settingsFor(text);
+    for (auto _ : state) {
+        GlyphOutlineCache cache;
+        benchmark::DoNotOptimize(decomposeTextLayout(settings, cache));
+    }
+    state.counters["characters"] = static_cast<double>(text.size());
+}
+
+void BM_LayOutShortText(benchmark::State& state) {
+    layOutCold(state, "3D Type");
+}
+BENCHMARK(BM_LayOutShortText)->Unit(benchmark::kMillisecond);
+
+void BM_LayOutParagraph(benchmark::State& state) {
+    layOutCold(state, paragraph());
+}
+BENCHMARK(BM_LayOutParagraph)->Unit(benchmark::kMillisecond);
+
+// The paragraph laid out again after one character became a glyph it did not
+// use yet: only that glyph is decomposed, the rest comes from the cache.
+void BM_RelayOutParagraphAfterOneEdit(benchmark::State& state) {
+    const std::string text = paragraph();
+    std::string edited = text;
+    edited[550] = '&';
+    const TypeSettings settings = settingsFor(edited);
+    GlyphOutlineCache warm;
+    decomposeTextLayout(settingsFor(text), warm);
+    for (auto _ : state) {
+        state.PauseTiming();
+        GlyphOutlineCache cache = warm;
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(decomposeTextLayout(settings, cache));
+    }
+}
+BENCHMARK(BM_RelayOutParagraphAfterOneEdit)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace type
