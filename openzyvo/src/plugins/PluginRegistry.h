@@ -1,0 +1,54 @@
+#pragma once
+
+#include "plugins/Plugin.h"
+#include "plugins/SharedLibrary.h"
+
+#include <OpenZyvo/ZStatus.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace oz::plugins {
+
+// The loaded plug-ins, in the order they were loaded. Plug-ins load and
+// unload on the main thread; every failure is shown in the message log.
+class PluginRegistry {
+public:
+    static PluginRegistry& instance();
+
+    // Finds the library (see locatePlugin), opens it, checks its ZApiVersion
+    // and entry points, imports its scripts and calls initializePlugin. A
+    // failed initialisation removes whatever the plug-in registered and
+    // closes the library again. `name` gets the plug-in's name; loading a
+    // plug-in already loaded from the same library does nothing more.
+    ZStatus load(const std::string& nameOrPath, std::string& name);
+    // Refused while nodes of the plug-in's types exist. Calls
+    // uninitializePlugin, removes what the plug-in left registered and closes
+    // its library. A failing uninitializePlugin keeps the plug-in loaded.
+    ZStatus unload(const std::string& name);
+
+    std::shared_ptr<Plugin> find(const std::string& name) const;
+    std::vector<std::string> names() const;
+
+private:
+    PluginRegistry() = default;
+
+    using EntryPoint = ZStatus (*)(ZObject);
+
+    struct Loaded {
+        std::shared_ptr<Plugin> plugin;
+        SharedLibrary library;
+        EntryPoint uninitialize = nullptr;
+    };
+
+    // Takes a loaded plug-in out of the list. Looked up by name, since the
+    // plug-in's own code may have loaded or unloaded others meanwhile.
+    Loaded take(const std::string& name);
+    // Removes the plug-in's registrations and closes the library, unless
+    // node types of it had to stay.
+    void release(Loaded& loaded);
+
+    std::vector<Loaded> m_plugins;
+};
+
+} // namespace oz::plugins
