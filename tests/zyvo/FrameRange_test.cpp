@@ -1,0 +1,29 @@
+#include "FrameRange.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using zyvo::FramePattern;
+using zyvo::parseFrameRange;
+
+TEST(FrameRange, RangesAreWholeAscendingAndStepped) {
+    EXPECT_EQ(parseFrameRange("1:3"), (std::vector<long>{1, 2, 3}));
+    EXPECT_EQ(parseFrameRange("-2:3:2"), (std::vector<long>{-2, 0, 2}));
+    EXPECT_EQ(parseFrameRange("7:7"), (std::vector<long>{7}));
+    for (const char* bad : {"3:1", "1:2:0", "1:2:-1", "1", "1:", ":2", "1.5:3", "a:b", "1:2:3:4", ""})
+        EXPECT_FALSE(parseFrameRange(bad)) << bad;
+}
+
+TEST(FrameRange, PatternsFillTheLastFrameNumber) {
+    EXPECT_EQ(FramePattern("out.####.glb").forFrame(7), "out.0007.glb");
+    EXPECT_EQ(FramePattern("out.%04d.glb").forFrame(12), "out.0012.glb");
+    EXPECT_EQ(FramePattern("out.%d.glb").forFrame(12), "out.12.glb");
+    EXPECT_EQ(FramePattern("out.##.obj").forFrame(123), "out.123.obj") << "too narrow: all digits stay";
+    EXPECT_EQ(FramePattern("out.###.obj").forFrame(-4), "out.-004.obj");
+    EXPECT_EQ(FramePattern("take#2/out.##.obj").forFrame(5), "take#2/out.05.obj");
+    EXPECT_FALSE(FramePattern("out.glb").hasPattern());
+    EXPECT_EQ(FramePattern("out.glb").forFrame(3), "out.glb");
+}
+
+} // namespace

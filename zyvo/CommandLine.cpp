@@ -1,0 +1,112 @@
+#include "CommandLine.h"
+
+#include "FrameRange.h"
+#include "plugins/ApiVersion.h"
+
+#include <CLI/CLI.hpp>
+#include <OpenZyvo/ZApiVersion.h>
+
+namespace zyvo {
+
+namespace {
+
+// Usage errors, as opposed to failures of the work itself (1).
+constexpr int kUsageError = 2;
+
+void addHostOptions(CLI::App& app, HostOptions& host) {
+    auto* quiet = app.add_flag("-q,--quiet", host.quiet, "Show errors only");
+    app.add_flag("-v,--verbose", host.verbose, "Echo the commands that scripts run")->excludes(quiet);
+    app.add_option("--plugin-path", host.pluginFolders,
+                   "A folder to look for plug-ins in, before ZYVO_PLUG_IN_PATH and ../plug-ins")
+        ->type_name("DIR");
+    app.add_option("--script-path", host.scriptFolders,
+                   "A folder of host-side scripts, before ZYVO_SCRIPT_PATH and ../scripts")
+        ->type_name("DIR");
+    app.add_option("--load-plugin", host.plugins, "Load a plug-in (a name or a library's path) first")
+        ->type_name("NAME");
+}
+
+void addRun(CLI::App& app, CommandLine& line) {
+    CLI::App* run = app.add_subcommand("run", "Run a command script (.zys), a Python file (.py) or open a "
+                                              "scene (.zya)");
+    run->add_option("file", line.file, "The file to run")->required()->check(CLI::ExistingFile);
+    run->callback([&line] { line.action = CommandLine::Action::Run; });
+}
+
+void addPython(CLI::App& app, CommandLine& line) {
+    CLI::App* python =
+        app.add_subcommand("python", "Run Python code or a Python file in the host's interpreter");
+    auto* code = python->add_option("-c", line.code, "Python code to run; an expression's value is printed")
+                     ->type_name("CODE");
+    auto* file = python->add_option("file", line.file, "A Python file to run as __main__")
+                     ->check(CLI::ExistingFile)
+                     ->excludes(code);
+    python->add_option("args", line.scriptArgs, "Arguments for the file, in sys.argv")->needs(file);
+    python->callback([&line] {
+        if (line.code.empty() && line.file.empty())
+            throw CLI::ValidationError("python", "give -c CODE or a FILE");
+        line.action = CommandLine::Action::Python;
+    });
+}
+
+void addExport(CLI::App& app, CommandLine& line) {
+    CLI::App* exporter = app.add_subcommand(
+        "export", "Evaluate a mesh node and write it as OBJ, STL, glTF binary or a PNG preview");
+    ExportRequest& request = line.exportRequest;
+    exporter->add_option("node", request.node, "A mesh shape, or a transform over one")->required();
+    exporter
+        ->add_option("outputs", request.outputs,
+                     "Files to write (.obj, .stl, .glb, .png); with several frames each needs a frame "
+                     "number pattern such as out.####.glb or out.%04d.glb")
+        ->required()
+        ->type_name("OUT");
+    auto* frame = exporter->add_option("--frame", request.frame, "Evaluate at this frame")->type_name("F");
+    auto* frames =
+        exporter
+            ->add_option_function<std::string>(
+                "--frames",
+                [&request](const std::string& text) {
+                    auto parsed = parseFrameRange(text);
+                    if (!parsed)
+                        throw CLI::ValidationError("--frames", "expected A:B or A:B:STEP with A <= B, "
+                                                               "whole frames, got \"" +
+                                                                   text + "\"");
+                    request.frames = std::move(*parsed);
+                },
+                "Evaluate and write every frame from A to B")
+            ->type_name("A:B[:STEP]");
+    frame->excludes(frames);
+    exporter
+        ->add_option("--scene", line.scene, "Run this file first (a scene, command script or Python file)")
+        ->check(CLI::ExistingFile)
+        ->type_name("FILE");
+    exporter->add_option("--width", request.previewSize.width, "Width of a PNG preview")
+        ->check(CLI::Range(16, 8192))
+        ->type_name("PIXELS");
+    exporter->add_option("--height", request.previewSize.height, "Height of a PNG preview")
+        ->check(CLI::Range(16, 8192))
+        ->type_name("PIXELS");
+    exporter->callback([&line] { line.action = CommandLine::Action::Export; });
+}
+
+} // namespace
+
+std::optional<int> parseCommandLine(int argc, char** argv, CommandLine& line) {
+    CLI::App app("The Zyvo host: loads plug-ins, runs scripts and scenes, and exports meshes.", "zyvo");
+    app.set_version_flag("--version", std::string("zyvo ") + ZYVO_VERSION + " (OpenZyvo API " +
+                                          oz::plugins::formatApiVersion(OPENZYVO_API_VERSION) + ")");
+    app.require_subcommand(1);
+    app.fallthrough();
+    addHostOptions(app, line.host);
+    addRun(app, line);
+    addPython(app, line);
+    addExport(app, line);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : kUsageError;
+    }
+    return std::nullopt;
+}
+
+} // namespace zyvo

@@ -1,0 +1,115 @@
+#include "ExportJob.h"
+
+#include "FrameRange.h"
+#include "Host.h"
+
+#include <OpenZyvo/ZGlobal.h>
+#include <OpenZyvoAnim/ZAnimControl.h>
+#include <cstdio>
+#include <unistd.h>
+
+namespace zyvo {
+
+namespace {
+
+void reportError(const std::string& text) {
+    ZGlobal::displayError(ZString(text));
+}
+
+// One line that a terminal sees rewritten in place and a log sees per frame.
+class Progress {
+public:
+    Progress(std::size_t total, bool shown)
+        : m_total(total)
+        , m_shown(shown && total > 1)
+        , m_terminal(::isatty(STDERR_FILENO) != 0) {}
+
+    ~Progress() {
+        if (m_shown && m_terminal && m_done > 0)
+            std::fputc('\n', stderr);
+    }
+
+    void frameDone(long frame) {
+        ++m_done;
+        if (!m_shown)
+            return;
+        std::fprintf(stderr, "%sExported frame %ld (%zu/%zu)%s", m_terminal ? "\r" : "", frame, m_done,
+                     m_total, m_terminal ? "" : "\n");
+        std::fflush(stderr);
+    }
+
+private:
+    std::size_t m_total;
+    std::size_t m_done = 0;
+    bool m_shown;
+    bool m_terminal;
+};
+
+std::optional<long> wholeFrame(std::optional<double> frame) {
+    if (!frame || *frame != static_cast<double>(static_cast<long>(*frame)))
+        return std::nullopt;
+    return static_cast<long>(*frame);
+}
+
+ZStatus exportFrame(const ExportRequest& request, std::optional<long> frame) {
+    oz::exporter::ExportScene scene;
+    if (const ZStatus status = gatherMesh(request.node, scene); !status)
+        return status;
+    for (const std::string& output : request.outputs) {
+        const std::string file = frame ? FramePattern(output).forFrame(*frame) : output;
+        if (const ZStatus status = writeMesh(scene, file, request.previewSize); !status)
+            return status;
+    }
+    return ZStatus::kSuccess;
+}
+
+} // namespace
+
+ZStatus checkExportRequest(const ExportRequest& request) {
+    for (const std::string& output : request.outputs) {
+        if (!exportFormatOf(output)) {
+            reportError("Cannot export to " + output + ": use .obj, .stl, .glb or .png");
+            return ZStatus::kInvalidParameter;
+        }
+        const bool pattern = FramePattern(output).hasPattern();
+        if (request.frames.size() > 1 && !pattern) {
+            reportError("Several frames need a frame number pattern in " + output +
+                        " (such as out.####.glb or out.%04d.glb)");
+            return ZStatus::kInvalidParameter;
+        }
+        if (pattern && request.frames.empty() && !wholeFrame(request.frame)) {
+            reportError("The frame number pattern in " + output +
+                        " needs a whole frame (--frame or --frames)");
+            return ZStatus::kInvalidParameter;
+        }
+    }
+    return ZStatus::kSuccess;
+}
+
+ZStatus runExport(const ExportRequest& request, Host& host) {
+    if (const ZStatus status = checkExportRequest(request); !status)
+        return status;
+    if (request.frames.empty()) {
+        if (request.frame)
+            ZAnimControl::setCurrentTime(ZTime(*request.frame));
+        const std::optional<long> frame = wholeFrame(request.frame);
+        const ZStatus status = exportFrame(request, frame);
+        if (status)
+            for (const std::string& output : request.outputs)
+                host.info("Wrote " + (frame ? FramePattern(output).forFrame(*frame) : output));
+        return status;
+    }
+    Progress progress(request.frames.size(), !host.options().quiet);
+    for (const long frame : request.frames) {
+        ZAnimControl::setCurrentTime(ZTime(static_cast<double>(frame)));
+        if (const ZStatus status = exportFrame(request, frame); !status) {
+            reportError("Export stopped at frame " + std::to_string(frame));
+            return status;
+        }
+        progress.frameDone(frame);
+        host.flushErrors();
+    }
+    return ZStatus::kSuccess;
+}
+
+} // namespace zyvo

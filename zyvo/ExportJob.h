@@ -1,0 +1,30 @@
+#pragma once
+
+#include "MeshExport.h"
+
+#include <OpenZyvo/ZStatus.h>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zyvo {
+
+class Host;
+
+struct ExportRequest {
+    std::string node;
+    std::vector<std::string> outputs; // each .obj, .stl, .glb or .png
+    std::optional<double> frame;      // one frame; the scene's current time when neither is given
+    std::vector<long> frames;         // several, with a frame number pattern in every output
+    PreviewSize previewSize;
+};
+
+// Checks the request before anything is evaluated: known formats, and a
+// frame number pattern in every output when several frames are written.
+ZStatus checkExportRequest(const ExportRequest& request);
+
+// Evaluates the node at each frame and writes every output. Several frames
+// show a progress line.
+ZStatus runExport(const ExportRequest& request, Host& host);
+
+} // namespace zyvo

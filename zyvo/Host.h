@@ -1,0 +1,46 @@
+#pragma once
+
+#include <OpenZyvo/ZStatus.h>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace zyvo {
+
+struct HostOptions {
+    bool quiet = false;   // errors only
+    bool verbose = false; // echo the commands scripts run
+    std::vector<std::string> pluginFolders;
+    std::vector<std::string> scriptFolders;
+    std::vector<std::string> plugins; // loaded before anything runs
+};
+
+// The runtime as the program drives it: where messages go, where plug-ins
+// and scripts are found, and whether the run went well.
+class Host {
+public:
+    explicit Host(const HostOptions& options);
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    const HostOptions& options() const { return m_options; }
+
+    // Loads the plug-ins named on the command line, in order; stops at the
+    // first that fails.
+    ZStatus loadPlugins();
+
+    // A note for the user, unless quiet.
+    void info(const std::string& text) const;
+
+    // Shows the errors held back while quiet.
+    void flushErrors();
+    // 0 when `status` succeeded and no error was reported, else 1.
+    int exitCode(ZStatus status);
+
+private:
+    HostOptions m_options;
+    std::size_t m_errorsShown = 0;
+};
+
+} // namespace zyvo

@@ -1,0 +1,86 @@
+#include "MeshExport.h"
+
+#include "export/GlbWriter.h"
+#include "export/ObjWriter.h"
+#include "export/PreviewRenderer.h"
+#include "export/StlWriter.h"
+#include "graph/Graph.h"
+#include "nodes/ExportCollector.h"
+
+#include <OpenZyvo/ZGlobal.h>
+
+namespace zyvo {
+
+namespace {
+
+void reportError(const std::string& text) {
+    ZGlobal::displayError(ZString(text));
+}
+
+} // namespace
+
+std::optional<ExportFormat> exportFormatOf(const std::filesystem::path& file) {
+    const std::string extension = file.extension().string();
+    if (extension == ".obj")
+        return ExportFormat::Obj;
+    if (extension == ".stl")
+        return ExportFormat::Stl;
+    if (extension == ".glb")
+        return ExportFormat::Glb;
+    if (extension == ".png")
+        return ExportFormat::Png;
+    return std::nullopt;
+}
+
+ZStatus gatherMesh(const std::string& node, oz::exporter::ExportScene& scene) {
+    oz::Node* found = oz::Graph::instance().findNode(ZString(node));
+    if (!found) {
+        reportError("No node is called \"" + node + "\"");
+        return ZStatus::kNotFound;
+    }
+    ZString error;
+    const ZStatus status = oz::nodes::collectExportScene({oz::wrapNode(*found)}, scene, &error);
+    if (!status)
+        reportError("Cannot export \"" + node +
+                    "\": " + (error.isEmpty() ? status.errorString() : error).asStdString());
+    return status;
+}
+
+ZStatus writeMesh(const oz::exporter::ExportScene& scene, const std::filesystem::path& file,
+                  const PreviewSize& previewSize) {
+    const auto format = exportFormatOf(file);
+    if (!format) {
+        reportError("Cannot export to " + file.string() + ": use .obj, .stl, .glb or .png");
+        return ZStatus::kInvalidParameter;
+    }
+    if (const auto folder = file.parent_path(); !folder.empty()) {
+        std::error_code error;
+        std::filesystem::create_directories(folder, error);
+    }
+    oz::exporter::ExportStatus written;
+    switch (*format) {
+    case ExportFormat::Obj:
+        written = oz::exporter::writeObj(scene, file);
+        break;
+    case ExportFormat::Stl:
+        written = oz::exporter::writeStl(scene, file);
+        break;
+    case ExportFormat::Glb:
+        written = oz::exporter::writeGlb(scene, file);
+        break;
+    case ExportFormat::Png: {
+        oz::exporter::PreviewOptions options;
+        options.width = previewSize.width;
+        options.height = previewSize.height;
+        written = oz::exporter::writePreviewPng(scene, file, options);
+        break;
+    }
+    }
+    if (!written) {
+        reportError("Cannot export to " + file.string() + ": " + written.message);
+        return ZStatus::kFailure;
+    }
+    return ZStatus::kSuccess;
+}
+
+} // namespace zyvo
