@@ -241,7 +241,13 @@ ZStatus Evaluator::callCompute(Node& node, const Path& path, const EvalContext& 
     const ZPlug plug = PlugAccess::make(node, path);
     EvalFrame frame{&node, &context};
     ZDataBlock block = BlockAccess::make(&frame);
-    const ZStatus status = node.user->compute(plug, block);
+    ZStatus status;
+    try {
+        status = node.user->compute(plug, block);
+    } catch (...) {
+        // A node's failure must not unwind through the graph.
+        status = ZStatus::kFailure;
+    }
     if (status.error() && status.statusCode() != ZStatus::kUnknownParameter) {
         if (Slot* now = refresh(node, path, context, slot)) {
             const bool evaluating = now->evaluating;

@@ -141,6 +141,11 @@ void Graph::finalise(Node& node) {
     if (node.state == Node::State::Live)
         detach(node, nullptr, nullptr, nullptr);
     auto keep = PlugAccess::sharedNode(node);
+    // A node that never joined the graph may still have been connected.
+    for (const auto& c : std::vector<std::shared_ptr<Connection>>(node.incoming))
+        disconnect(c);
+    for (const auto& c : std::vector<std::shared_ptr<Connection>>(node.outgoing))
+        disconnect(c);
     node.state = Node::State::Finalised;
     // The class object's destructor may remove its own callbacks first.
     node.user.reset();

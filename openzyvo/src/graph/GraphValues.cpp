@@ -26,11 +26,14 @@ ZStatus Graph::setValue(Node& node, const Path& path,
     Callbacks& callbacks = Callbacks::instance();
     if (node.attributeChangedCallbacks)
         callbacks.attributeChanged(node, ZNodeMessage::kAttributeSet, PlugAccess::make(node, path), ZPlug());
-    for (const auto& c : std::vector<std::shared_ptr<Connection>>(node.outgoing))
+    std::vector<std::shared_ptr<Connection>> told;
+    for (const auto& c : node.outgoing)
         if (c->dstNode->attributeChangedCallbacks && related(c->src, path))
-            callbacks.attributeChanged(*c->dstNode,
-                                       ZNodeMessage::kOtherPlugSet | ZNodeMessage::kIncomingDirection,
-                                       PlugAccess::make(*c->dstNode, c->dst), PlugAccess::make(node, c->src));
+            told.push_back(c);
+    for (const auto& c : told)
+        callbacks.attributeChanged(*c->dstNode,
+                                   ZNodeMessage::kOtherPlugSet | ZNodeMessage::kIncomingDirection,
+                                   PlugAccess::make(*c->dstNode, c->dst), PlugAccess::make(node, c->src));
     return ZStatus::kSuccess;
 }
 

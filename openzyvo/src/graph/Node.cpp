@@ -132,8 +132,20 @@ Slot* Node::resolve(NodeStore& store, const Path& path, bool create) {
 }
 
 void Node::addPending(const Path& path) {
-    if (std::find(pending.begin(), pending.end(), path) == pending.end())
-        pending.push_back(path);
+    // Past a few dozen plugs (arrays set element by element) the dirty set
+    // keeps whole top-level plugs, so it stays small and cheap to search.
+    constexpr std::size_t kDetailed = 64;
+    Path entry = path;
+    if (pending.size() >= kDetailed) {
+        while (entry.size() > 1)
+            entry.pop_back();
+        entry.front().index = -1;
+        std::erase_if(pending, [&](const Path& p) { return covers(entry, p); });
+    }
+    for (const Path& p : pending)
+        if (covers(p, entry))
+            return;
+    pending.push_back(entry);
 }
 
 Node* nodeOf(const ZObject& object) {

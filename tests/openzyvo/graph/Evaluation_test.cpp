@@ -70,6 +70,14 @@ TEST_F(Evaluation, UnknownParameterFallsBackToTheStoredValue) {
     EXPECT_EQ(user<Passive>(node)->computes, asked) << "the fallback value is clean";
 }
 
+TEST_F(Evaluation, APreEvaluationDirtySetStaysSmallForLongArrayEdits) {
+    ZObject node = create("graphTestSummer");
+    ZPlug values(node, Summer::values);
+    for (unsigned int i = 0; i < 5000; ++i)
+        values.elementByLogicalIndex(i).setValue(1.0);
+    EXPECT_DOUBLE_EQ(plug(node, "sum").asDouble(), 5000.0);
+}
+
 TEST_F(Evaluation, AFailedComputeKeepsThePreviousValue) {
     ZObject node = create("graphTestFailing");
     plug(node, "input").setValue(1.0);
