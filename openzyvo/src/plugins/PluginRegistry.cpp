@@ -138,16 +138,19 @@ ZStatus PluginRegistry::unload(const std::string& name) {
     const std::shared_ptr<Plugin> plugin = it->plugin;
     const EntryPoint uninitialize = it->uninitialize;
     notify(ZSceneMessage::kBeforePluginUnload, *plugin);
-    if (const ZStatus status = callEntryPoint(uninitialize, plugin, "uninitializePlugin"); !status) {
-        reportError("Cannot unload plug-in " + name + ": uninitializePlugin failed (" +
-                    status.errorString().asStdString() + ")");
-        return status;
-    }
+    const ZStatus status = callEntryPoint(uninitialize, plugin, "uninitializePlugin");
     forgetPluginScripts(name);
     Loaded unloaded = take(name);
+    if (!status) {
+        // It may have stopped half way, leaving callbacks the host cannot
+        // find; its code stays mapped so that they never dangle.
+        reportError("Plug-in " + name + ": uninitializePlugin failed (" + status.errorString().asStdString() +
+                    "); what it left registered is removed and its library stays in memory");
+        unloaded.library.keepMapped();
+    }
     release(unloaded);
     notify(ZSceneMessage::kAfterPluginUnload, *plugin);
-    return ZStatus::kSuccess;
+    return status;
 }
 
 PluginRegistry::Loaded PluginRegistry::take(const std::string& name) {

@@ -24,7 +24,8 @@ public:
     ZStatus load(const std::string& nameOrPath, std::string& name);
     // Refused while nodes of the plug-in's types exist. Calls
     // uninitializePlugin, removes what the plug-in left registered and closes
-    // its library. A failing uninitializePlugin keeps the plug-in loaded.
+    // its library. A failing uninitializePlugin still unloads the plug-in
+    // (and fails), but leaves its library mapped.
     ZStatus unload(const std::string& name);
 
     std::shared_ptr<Plugin> find(const std::string& name) const;

@@ -87,6 +87,19 @@ TEST_F(PluginLifecycle, UnloadRemovesWhatThePluginLeftRegistered) {
     EXPECT_FALSE(ZHWRender::ZDrawRegistry::hasDrawOverride(kClassification));
 }
 
+TEST_F(PluginLifecycle, FailingUninitialiseStillUnloads) {
+    ASSERT_TRUE(run("loadPlugin Sample").status) << lastError();
+    // As when the plug-in's scripts lost the procedure it runs last.
+    oz::cmd::ProcedureRegistry::instance().remove("sampleUninitPlugin");
+    EXPECT_FALSE(run("unloadPlugin Sample").status);
+    EXPECT_NE(lastError().find("Plug-in Sample: uninitializePlugin failed"), std::string::npos)
+        << lastError();
+    EXPECT_TRUE(oz::plugins::PluginRegistry::instance().names().empty());
+    EXPECT_FALSE(hasCommand("sampleContext")) << "what it left registered is removed all the same";
+    EXPECT_FALSE(ZHWRender::ZDrawRegistry::hasDrawOverride(kClassification));
+    EXPECT_EQ(result("loadPlugin Sample"), "Sample") << "and it loads again";
+}
+
 TEST_F(PluginLifecycle, UndoAfterUnloadNeverReachesThePlugin) {
     ASSERT_TRUE(run("loadPlugin Sample").status) << lastError();
     ASSERT_TRUE(run("sampleCommand -v 1", true).status);
@@ -94,6 +107,15 @@ TEST_F(PluginLifecycle, UndoAfterUnloadNeverReachesThePlugin) {
     ASSERT_TRUE(run("unloadPlugin Sample").status) << lastError();
     EXPECT_EQ(oz::cmd::UndoQueue::instance().undoSteps(), 0u);
     EXPECT_EQ(oz::cmd::UndoQueue::instance().undo(), ZStatus::kNotFound);
+
+    // A deleted node kept for undo does not block unloading, but must not
+    // come back once its type is gone.
+    ASSERT_TRUE(run("loadPlugin Sample").status) << lastError();
+    ASSERT_TRUE(run("createNode sampleNode -n doomed", true).status) << lastError();
+    ASSERT_TRUE(run("delete doomed", true).status) << lastError();
+    ASSERT_TRUE(run("unloadPlugin Sample").status) << lastError();
+    EXPECT_EQ(oz::cmd::UndoQueue::instance().undo(), ZStatus::kNotFound);
+    EXPECT_EQ(oz::Graph::instance().findNode("doomed"), nullptr);
 }
 
 TEST_F(PluginLifecycle, ReloadingImportsTheScriptsAfresh) {

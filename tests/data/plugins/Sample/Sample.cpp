@@ -1,8 +1,8 @@
 // A well-formed plug-in: a node type, a command with a syntax, a context
 // command, a draw override and UI strings, and host-side scripts whose
-// procedure runs while it initialises. Its uninitializePlugin removes only
-// the node type and the command, as a plug-in that forgets the rest would;
-// the host must remove the rest.
+// procedures run while it initialises and uninitialises. Its
+// uninitializePlugin removes only the node type and the command, as a plug-in
+// that forgets the rest would; the host must remove the rest.
 #include <OpenZyvo/ZApiVersion.h>
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZDataBlock.h>
@@ -128,5 +128,7 @@ ZYVO_PLUGIN_EXPORT ZStatus uninitializePlugin(ZObject object) {
     ZStatus status = plugin.deregisterCommand("sampleCommand");
     if (!status)
         return status;
-    return plugin.deregisterNode(kSampleNodeId);
+    if (!(status = plugin.deregisterNode(kSampleNodeId)))
+        return status;
+    return ZGlobal::executeCommand("sampleUninitPlugin");
 }

@@ -11,4 +11,9 @@ def _init_plugin():
     return initialised
 
 
+def _uninit_plugin():
+    return 0
+
+
 zyvo.registerProcedure("sampleInitPlugin", _init_plugin)
+zyvo.registerProcedure("sampleUninitPlugin", _uninit_plugin)
