@@ -1,0 +1,61 @@
+#include "commands/BuiltinCommand.h"
+#include "graph/Graph.h"
+#include "graph/PlugRef.h"
+#include "scene/CommandMessages.h"
+#include "scene/SceneLookup.h"
+
+#include <OpenZyvo/ZArgDatabase.h>
+#include <OpenZyvo/ZDGModifier.h>
+#include <OpenZyvo/ZStringArray.h>
+
+namespace oz::scene {
+namespace {
+
+constexpr const char* kName = "disconnectAttr";
+
+// disconnectAttr <source> <destination>: breaks the connection; undo makes
+// it again.
+class DisconnectAttrCommand : public ZPxCommand {
+public:
+    static ZSyntax newSyntax() {
+        ZSyntax syntax;
+        syntax.setObjectType(ZSyntax::kStringObjects, 2, 2);
+        return syntax;
+    }
+
+    ZStatus doIt(const ZArgList& args) override {
+        ZStatus status;
+        const ZArgDatabase database(syntax(), args, &status);
+        if (!status)
+            return status;
+        ZStringArray objects;
+        database.getObjects(objects);
+        ZPlug source, destination;
+        std::string error;
+        if (!findPlug(objects[0].view(), source, error) || !findPlug(objects[1].view(), destination, error)) {
+            reportError(kName, error);
+            return ZStatus::kNotFound;
+        }
+        if (!Graph::instance().findConnection(*PlugAccess::get(source), *PlugAccess::get(destination))) {
+            reportError(kName, quoted(objects[0].asStdString()) + " is not connected to " +
+                                   quoted(objects[1].asStdString()));
+            return ZStatus::kNotFound;
+        }
+        if (!(status = m_modifier.disconnect(source, destination)) || !(status = m_modifier.doIt()))
+            reportError(kName, "the connection could not be broken");
+        return status;
+    }
+
+    ZStatus undoIt() override { return m_modifier.undoIt(); }
+    ZStatus redoIt() override { return m_modifier.doIt(); }
+    bool isUndoable() const override { return true; }
+
+private:
+    ZDGModifier m_modifier;
+};
+
+const cmd::BuiltinCommand registration(
+    kName, [] { return std::make_unique<DisconnectAttrCommand>(); }, DisconnectAttrCommand::newSyntax);
+
+} // namespace
+} // namespace oz::scene

@@ -1,0 +1,38 @@
+#include "scene/FileState.h"
+
+#include "graph/Graph.h"
+
+#include <algorithm>
+
+namespace oz::scene {
+
+FileState& FileState::instance() {
+    static FileState state;
+    return state;
+}
+
+void FileState::setFileInfo(const std::string& key, const std::string& value) {
+    auto it =
+        std::find_if(fileInfo.begin(), fileInfo.end(), [&](const auto& entry) { return entry.first == key; });
+    if (it == fileInfo.end())
+        fileInfo.emplace_back(key, value);
+    else
+        it->second = value;
+}
+
+std::optional<std::string> FileState::findFileInfo(const std::string& key) const {
+    for (const auto& [k, v] : fileInfo)
+        if (k == key)
+            return v;
+    return std::nullopt;
+}
+
+bool FileState::modified() const {
+    return Graph::instance().editGeneration() != cleanGeneration;
+}
+
+void FileState::markClean() {
+    cleanGeneration = Graph::instance().editGeneration();
+}
+
+} // namespace oz::scene
