@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 #include <OpenZyvo/ZApiVersion.h>
+#include <cmath>
 
 namespace zyvo {
 
@@ -60,21 +61,32 @@ void addExport(CLI::App& app, CommandLine& line) {
                      "number pattern such as out.####.glb or out.%04d.glb")
         ->required()
         ->type_name("OUT");
-    auto* frame = exporter->add_option("--frame", request.frame, "Evaluate at this frame")->type_name("F");
-    auto* frames =
+    auto* frame =
         exporter
-            ->add_option_function<std::string>(
-                "--frames",
-                [&request](const std::string& text) {
-                    auto parsed = parseFrameRange(text);
-                    if (!parsed)
-                        throw CLI::ValidationError("--frames", "expected A:B or A:B:STEP with A <= B, "
-                                                               "whole frames, got \"" +
-                                                                   text + "\"");
-                    request.frames = std::move(*parsed);
+            ->add_option_function<double>(
+                "--frame",
+                [&request](const double& value) {
+                    if (!std::isfinite(value) || std::abs(value) > kFrameLimit)
+                        throw CLI::ValidationError("--frame", "expected a frame within " +
+                                                                  std::to_string(kFrameLimit) + " of 0");
+                    request.frame = value;
                 },
-                "Evaluate and write every frame from A to B")
-            ->type_name("A:B[:STEP]");
+                "Evaluate at this frame")
+            ->type_name("F");
+    auto* frames = exporter
+                       ->add_option_function<std::string>(
+                           "--frames",
+                           [&request](const std::string& text) {
+                               auto parsed = parseFrameRange(text);
+                               if (!parsed)
+                                   throw CLI::ValidationError(
+                                       "--frames", "expected A:B or A:B:STEP, whole frames within " +
+                                                       std::to_string(kFrameLimit) +
+                                                       " of 0, A <= B, STEP > 0; got \"" + text + "\"");
+                               request.frames = *parsed;
+                           },
+                           "Evaluate and write every frame from A to B")
+                       ->type_name("A:B[:STEP]");
     frame->excludes(frames);
     exporter
         ->add_option("--scene", line.scene, "Run this file first (a scene, command script or Python file)")

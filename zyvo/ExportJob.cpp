@@ -72,12 +72,12 @@ ZStatus checkExportRequest(const ExportRequest& request) {
             return ZStatus::kInvalidParameter;
         }
         const bool pattern = FramePattern(output).hasPattern();
-        if (request.frames.size() > 1 && !pattern) {
+        if (request.frames && request.frames->count() > 1 && !pattern) {
             reportError("Several frames need a frame number pattern in " + output +
                         " (such as out.####.glb or out.%04d.glb)");
             return ZStatus::kInvalidParameter;
         }
-        if (pattern && request.frames.empty() && !wholeFrame(request.frame)) {
+        if (pattern && !request.frames && !wholeFrame(request.frame)) {
             reportError("The frame number pattern in " + output +
                         " needs a whole frame (--frame or --frames)");
             return ZStatus::kInvalidParameter;
@@ -89,7 +89,7 @@ ZStatus checkExportRequest(const ExportRequest& request) {
 ZStatus runExport(const ExportRequest& request, Host& host) {
     if (const ZStatus status = checkExportRequest(request); !status)
         return status;
-    if (request.frames.empty()) {
+    if (!request.frames) {
         if (request.frame)
             ZAnimControl::setCurrentTime(ZTime(*request.frame));
         const std::optional<long> frame = wholeFrame(request.frame);
@@ -99,8 +99,10 @@ ZStatus runExport(const ExportRequest& request, Host& host) {
                 host.info("Wrote " + (frame ? FramePattern(output).forFrame(*frame) : output));
         return status;
     }
-    Progress progress(request.frames.size(), !host.options().quiet);
-    for (const long frame : request.frames) {
+    const FrameRange& frames = *request.frames;
+    Progress progress(frames.count(), !host.options().quiet);
+    for (std::size_t index = 0; index < frames.count(); ++index) {
+        const long frame = frames[index];
         ZAnimControl::setCurrentTime(ZTime(static_cast<double>(frame)));
         if (const ZStatus status = exportFrame(request, frame); !status) {
             reportError("Export stopped at frame " + std::to_string(frame));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FrameRange.h"
 #include "MeshExport.h"
 
 #include <OpenZyvo/ZStatus.h>
@@ -15,7 +16,7 @@ struct ExportRequest {
     std::string node;
     std::vector<std::string> outputs; // each .obj, .stl, .glb or .png
     std::optional<double> frame;      // one frame; the scene's current time when neither is given
-    std::vector<long> frames;         // several, with a frame number pattern in every output
+    std::optional<FrameRange> frames; // several, with a frame number pattern in every output
     PreviewSize previewSize;
 };
 

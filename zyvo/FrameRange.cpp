@@ -11,14 +11,15 @@ namespace {
 std::optional<long> parseFrame(const std::string& text) {
     long value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (text.empty() || error != std::errc() || end != text.data() + text.size())
+    if (text.empty() || error != std::errc() || end != text.data() + text.size() || value > kFrameLimit ||
+        value < -kFrameLimit)
         return std::nullopt;
     return value;
 }
 
 } // namespace
 
-std::optional<std::vector<long>> parseFrameRange(const std::string& text) {
+std::optional<FrameRange> parseFrameRange(const std::string& text) {
     static const std::regex form(R"((-?\d+):(-?\d+)(?::(\d+))?)");
     std::smatch match;
     if (!std::regex_match(text, match, form))
@@ -28,10 +29,7 @@ std::optional<std::vector<long>> parseFrameRange(const std::string& text) {
     const auto step = match[3].matched ? parseFrame(match[3]) : std::optional<long>(1);
     if (!first || !last || !step || *first > *last || *step <= 0)
         return std::nullopt;
-    std::vector<long> frames;
-    for (long frame = *first; frame <= *last; frame += *step)
-        frames.push_back(frame);
-    return frames;
+    return FrameRange{*first, *last, *step};
 }
 
 FramePattern::FramePattern(std::string path) {

@@ -1,14 +1,27 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace zyvo {
 
-// "A:B" or "A:B:STEP", whole frames, A <= B, STEP > 0; nothing for anything
-// else.
-std::optional<std::vector<long>> parseFrameRange(const std::string& text);
+// Whole frames from `first` to `last` by `step`.
+struct FrameRange {
+    long first = 0;
+    long last = 0;
+    long step = 1;
+
+    std::size_t count() const { return static_cast<std::size_t>((last - first) / step) + 1; }
+    long operator[](std::size_t index) const { return first + static_cast<long>(index) * step; }
+};
+
+// Frames further from 0 than this are refused, so that ranges cannot overflow.
+inline constexpr long kFrameLimit = 1000000000;
+
+// "A:B" or "A:B:STEP", whole frames within the limit, A <= B, STEP > 0;
+// nothing for anything else.
+std::optional<FrameRange> parseFrameRange(const std::string& text);
 
 // An output name with a frame number pattern: a run of '#' (out.####.glb,
 // padded to the run's length) or a printf-style "%d" / "%04d".

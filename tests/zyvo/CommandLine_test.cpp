@@ -39,6 +39,7 @@ TEST(CommandLine, UsageErrorsExplainThemselves) {
         {{"python"}, "give -c CODE or a FILE"},
         {{"export", "plate", "out.glb", "--frames", "5:1"}, "5:1"},
         {{"export", "plate", "out.glb", "--frames", "1:x"}, "1:x"},
+        {{"export", "plate", "out.glb", "--frame", "nan"}, "--frame"},
         {{"export", "plate", "out.glb", "--frame", "1", "--frames", "1:2"}, "excludes"},
         {{"export", "plate"}, "outputs"},
         {{"-q", "-v", "python", "-c", "1"}, "excludes"},

@@ -7,11 +7,21 @@ namespace {
 using zyvo::FramePattern;
 using zyvo::parseFrameRange;
 
+std::vector<long> framesOf(const std::string& text) {
+    std::vector<long> frames;
+    if (const auto range = parseFrameRange(text))
+        for (std::size_t i = 0; i < range->count(); ++i)
+            frames.push_back((*range)[i]);
+    return frames;
+}
+
 TEST(FrameRange, RangesAreWholeAscendingAndStepped) {
-    EXPECT_EQ(parseFrameRange("1:3"), (std::vector<long>{1, 2, 3}));
-    EXPECT_EQ(parseFrameRange("-2:3:2"), (std::vector<long>{-2, 0, 2}));
-    EXPECT_EQ(parseFrameRange("7:7"), (std::vector<long>{7}));
-    for (const char* bad : {"3:1", "1:2:0", "1:2:-1", "1", "1:", ":2", "1.5:3", "a:b", "1:2:3:4", ""})
+    EXPECT_EQ(framesOf("1:3"), (std::vector<long>{1, 2, 3}));
+    EXPECT_EQ(framesOf("-2:3:2"), (std::vector<long>{-2, 0, 2}));
+    EXPECT_EQ(framesOf("7:7"), (std::vector<long>{7}));
+    EXPECT_EQ(parseFrameRange("-1000000000:1000000000")->count(), 2000000001u) << "counted, not listed";
+    for (const char* bad : {"3:1", "1:2:0", "1:2:-1", "1", "1:", ":2", "1.5:3", "a:b", "1:2:3:4", "",
+                            "0:1000000001", "-9223372036854775808:0", "0:99999999999999999999"})
         EXPECT_FALSE(parseFrameRange(bad)) << bad;
 }
 
