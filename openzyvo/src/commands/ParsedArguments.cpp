@@ -123,38 +123,38 @@ private:
             const std::string& name = nameOf(item);
             if (isQueryFlag(name) || isEditFlag(name))
                 continue;
-            const FlagSpec* spec = m_syntax.find(name);
-            if (!spec)
+            const FlagSpec* definition = m_syntax.find(name);
+            if (!definition)
                 return fail("invalid flag '-" + name + "'");
-            if (!spec->multiUse && parsed.use(spec->longName))
+            if (!definition->multiUse && parsed.use(definition->longName))
                 return fail("flag '-" + name + "' may be used only once");
-            ParsedArguments::FlagUse flagUse{spec->shortName, spec->longName, {}};
-            if (!readFlagArguments(*spec, name, parsed.query, i, flagUse))
+            ParsedArguments::FlagUse flagUse{definition->shortName, definition->longName, {}};
+            if (!readFlagArguments(*definition, name, parsed.query, i, flagUse))
                 return false;
             parsed.uses.push_back(std::move(flagUse));
         }
         return true;
     }
 
-    bool readFlagArguments(const FlagSpec& spec, const std::string& name, bool query, std::size_t& i,
+    bool readFlagArguments(const FlagSpec& definition, const std::string& name, bool query, std::size_t& i,
                            ParsedArguments::FlagUse& flagUse) {
-        if (query && !spec.queryWithArgs)
+        if (query && !definition.queryWithArgs)
             return true;
-        const std::size_t wanted = spec.argTypes.size();
+        const std::size_t wanted = definition.argTypes.size();
         std::size_t available = 0;
         while (available < wanted && i + 1 + available < m_items.size() && !m_items[i + 1 + available].isFlag)
             ++available;
         if (available < wanted) {
-            if (query && spec.queryArgsOptional && available == 0)
+            if (query && definition.queryArgsOptional && available == 0)
                 return true;
             return fail("flag '-" + name + "' needs " + plural(wanted, "argument") + ", found " +
                         std::to_string(available));
         }
         for (std::size_t k = 0; k < wanted; ++k) {
             const Value& given = m_items[i + 1 + k].value;
-            auto converted = convert(spec.argTypes[k], given);
+            auto converted = convert(definition.argTypes[k], given);
             if (!converted)
-                return fail("flag '-" + name + "' expects " + describe(spec.argTypes[k]) +
+                return fail("flag '-" + name + "' expects " + describe(definition.argTypes[k]) +
                             (wanted > 1 ? " as argument " + std::to_string(k + 1) : std::string()) +
                             ", found " + shown(given));
             flagUse.args.push_back(std::move(*converted));

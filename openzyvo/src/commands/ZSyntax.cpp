@@ -41,9 +41,9 @@ bool validType(ZSyntax::ZArgType type) {
 
 oz::cmd::FlagSpec* findFlag(oz::cmd::SyntaxData& data, const char* flag) {
     const std::string name = oz::cmd::flagName(flag);
-    for (oz::cmd::FlagSpec& spec : data.flags)
-        if (spec.matches(name))
-            return &spec;
+    for (oz::cmd::FlagSpec& definition : data.flags)
+        if (definition.matches(name))
+            return &definition;
     return nullptr;
 }
 
@@ -56,37 +56,37 @@ ZStatus ZSyntax::addFlag(const char* shortName, const char* longName, ZArgType a
                          ZArgType arg3, ZArgType arg4, ZArgType arg5, ZArgType arg6) {
     if (!shortName || !longName || shortName[0] != '-' || longName[0] != '-' || !shortName[1] || !longName[1])
         return ZStatus::kInvalidParameter;
-    oz::cmd::FlagSpec spec;
-    spec.shortName = shortName + 1;
-    spec.longName = longName + 1;
-    if (m_data->find(spec.shortName) || m_data->find(spec.longName) || isReserved(*m_data, spec.shortName) ||
-        isReserved(*m_data, spec.longName))
+    oz::cmd::FlagSpec definition;
+    definition.shortName = shortName + 1;
+    definition.longName = longName + 1;
+    if (m_data->find(definition.shortName) || m_data->find(definition.longName) ||
+        isReserved(*m_data, definition.shortName) || isReserved(*m_data, definition.longName))
         return ZStatus::kInvalidParameter;
     for (ZArgType type : {arg1, arg2, arg3, arg4, arg5, arg6}) {
         if (type == kNoArg)
             break;
         if (!validType(type))
             return ZStatus::kInvalidParameter;
-        spec.argTypes.push_back(type);
+        definition.argTypes.push_back(type);
     }
-    m_data->flags.push_back(std::move(spec));
+    m_data->flags.push_back(std::move(definition));
     return ZStatus::kSuccess;
 }
 
 ZStatus ZSyntax::makeFlagMultiUse(const char* flag) {
-    oz::cmd::FlagSpec* spec = findFlag(*m_data, flag);
-    if (!spec)
+    oz::cmd::FlagSpec* definition = findFlag(*m_data, flag);
+    if (!definition)
         return ZStatus::kInvalidParameter;
-    spec->multiUse = true;
+    definition->multiUse = true;
     return ZStatus::kSuccess;
 }
 
 ZStatus ZSyntax::makeFlagQueryWithFullArgs(const char* flag, bool optional) {
-    oz::cmd::FlagSpec* spec = findFlag(*m_data, flag);
-    if (!spec)
+    oz::cmd::FlagSpec* definition = findFlag(*m_data, flag);
+    if (!definition)
         return ZStatus::kInvalidParameter;
-    spec->queryWithArgs = true;
-    spec->queryArgsOptional = optional;
+    definition->queryWithArgs = true;
+    definition->queryArgsOptional = optional;
     return ZStatus::kSuccess;
 }
 

@@ -54,15 +54,15 @@ private:
     }
 
     void addFlag(const std::string& name, py::handle value) {
-        const cmd::FlagSpec* spec = m_syntax ? m_syntax->find(name) : nullptr;
+        const cmd::FlagSpec* definition = m_syntax ? m_syntax->find(name) : nullptr;
         const bool takesNothing =
-            spec ? spec->argTypes.empty() || (m_query && !spec->queryWithArgs) : !m_syntax;
-        if (py::isinstance<py::bool_>(value) && (takesNothing || !spec)) {
+            definition ? definition->argTypes.empty() || (m_query && !definition->queryWithArgs) : !m_syntax;
+        if (py::isinstance<py::bool_>(value) && (takesNothing || !definition)) {
             if (value.cast<bool>())
                 m_items.push_back(cmd::ArgItem::flag(name));
             return;
         }
-        if (spec && spec->multiUse && py::isinstance<py::list>(value) && py::len(value) != 0 &&
+        if (definition && definition->multiUse && py::isinstance<py::list>(value) && py::len(value) != 0 &&
             isSequence(value.cast<py::list>()[0])) {
             for (const py::handle use : value) {
                 m_items.push_back(cmd::ArgItem::flag(name));
