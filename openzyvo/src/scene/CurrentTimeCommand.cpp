@@ -32,11 +32,13 @@ public:
                     reportError(kName, "invalid flag '-" + flag + "'");
                     return ZStatus::kInvalidParameter;
                 }
-            } else if (!time && (time = cmd::toDouble(item.value))) {
-                continue;
             } else {
-                reportError(kName, "expects one time, found " + cmd::toText(item.value));
-                return ZStatus::kInvalidParameter;
+                const std::optional<double> given = cmd::toDouble(item.value);
+                if (time || !given) {
+                    reportError(kName, "expects one time, found " + cmd::toText(item.value));
+                    return ZStatus::kInvalidParameter;
+                }
+                time = given;
             }
         }
         if (!query) {

@@ -1,6 +1,7 @@
 #include "scene/FileState.h"
 
 #include "graph/Graph.h"
+#include "scene/DefaultNodes.h"
 
 #include <algorithm>
 
@@ -28,7 +29,12 @@ std::optional<std::string> FileState::findFileInfo(const std::string& key) const
 }
 
 bool FileState::modified() const {
-    return Graph::instance().editGeneration() != cleanGeneration;
+    if (cleanGeneration != 0)
+        return Graph::instance().editGeneration() != cleanGeneration;
+    // Before any scene was opened, saved or made new, only nodes of the
+    // user's own are worth keeping.
+    const auto& nodes = Graph::instance().nodes();
+    return std::any_of(nodes.begin(), nodes.end(), [](const auto& node) { return !isDefaultNode(*node); });
 }
 
 void FileState::markClean() {

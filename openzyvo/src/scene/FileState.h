@@ -22,7 +22,7 @@ struct FileState {
     int readingVersion = 0;
     ZString currentFile;
     // The graph's edit generation when the scene was last opened, saved or
-    // made new; any later edit makes the scene modified.
+    // made new (0 before that); any later edit makes the scene modified.
     std::uint64_t cleanGeneration = 0;
     // Free key/value notes stored in the file (`fileInfo`), in the order set.
     std::vector<std::pair<std::string, std::string>> fileInfo;

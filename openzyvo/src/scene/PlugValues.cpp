@@ -150,6 +150,10 @@ bool readPlugValue(const ZPlug& plug, cmd::Value& value, std::string& error) {
     const PlugRef* ref = PlugAccess::get(plug);
     const Attribute& leaf = *ref->leaf();
     ZStatus status;
+    if (!isFullySpecified(ref->path)) {
+        error = plugName(plug) + " lies under an array; name the element it belongs to";
+        return false;
+    }
     if (isArrayPath(ref->path)) {
         if (!leaf.children.empty() || leaf.componentCount() != 1) {
             error = plugName(plug) + " is an array; name one of its elements";
@@ -225,6 +229,10 @@ bool queuePlugValue(ZDGModifier& modifier, const ZPlug& plug, const std::string&
     if (isArrayPath(ref->path)) {
         error = plugName(plug) + " is an array; set its elements one by one (" + plug.name().asStdString() +
                 "[0]...)";
+        return false;
+    }
+    if (!isFullySpecified(ref->path)) {
+        error = plugName(plug) + " lies under an array; name the element it belongs to";
         return false;
     }
     if (leaf.kind == Attribute::Kind::Message) {

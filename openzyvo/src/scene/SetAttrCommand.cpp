@@ -72,24 +72,29 @@ public:
             return ZStatus::kInvalidParameter;
         }
         const ZStatus status = m_modifier.doIt();
-        if (!status)
+        if (!status) {
+            removeMadeElement();
             reportError(kName,
                         quoted(name) + " could not be set (" + status.errorString().asStdString() + ")");
+        }
         return status;
     }
 
     ZStatus undoIt() override {
-        ZStatus status = m_modifier.undoIt();
-        if (status && m_madeElement) {
-            const PlugRef& ref = *PlugAccess::get(m_plug);
-            status = Graph::instance().removeElement(*ref.node, *m_madeElement);
-        }
-        return status;
+        const ZStatus status = m_modifier.undoIt();
+        return status ? removeMadeElement() : status;
     }
     ZStatus redoIt() override { return m_modifier.doIt(); }
     bool isUndoable() const override { return true; }
 
 private:
+    ZStatus removeMadeElement() {
+        if (!m_madeElement)
+            return ZStatus::kSuccess;
+        const PlugRef& ref = *PlugAccess::get(m_plug);
+        return Graph::instance().removeElement(*ref.node, *m_madeElement);
+    }
+
     // The outermost array element on the plug's path that does not exist yet.
     void noteElementToMake(const PlugRef& ref) {
         Path prefix;

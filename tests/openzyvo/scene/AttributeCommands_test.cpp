@@ -86,6 +86,8 @@ TEST_F(AttributeCommands, BadValuesAreRefusedAndLeaveTheValue) {
               "setAttr: 'n.message' is a message attribute and holds no value");
     EXPECT_EQ(failure("setAttr n.profile 1"),
               "setAttr: 'n.profile' is an array; set its elements one by one (n.profile[0]...)");
+    EXPECT_EQ(failure("setAttr n.profile_Position 1"),
+              "setAttr: 'n.profile_Position' lies under an array; name the element it belongs to");
     EXPECT_EQ(failure("setAttr -lock true n.weight"), "setAttr: invalid flag '-lock'");
     run("connectAttr t.translateX n.weight");
     EXPECT_EQ(failure("setAttr n.weight 1"),

@@ -1,4 +1,5 @@
 #include "SceneTest.h"
+#include "scene/FileState.h"
 
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZSelectionList.h>
@@ -190,6 +191,12 @@ TEST_F(SceneRoundTrip, TheFileCommandSavesOpensAndGuardsUnsavedChanges) {
               "file: unknown file type \"binary\" (scenes are saved as \"zyvoAscii\")");
     EXPECT_EQ(failure("file -f -open \"" + path("missing.zya") + "\""),
               "Cannot open the scene file \"" + path("missing.zya") + "\"");
+}
+
+TEST_F(SceneRoundTrip, AFreshSessionHasNothingToLose) {
+    oz::scene::FileState::instance().cleanGeneration = 0; // as when the host starts
+    EXPECT_EQ(run("ls; file -q -modified"), "false");
+    EXPECT_EQ(run("createNode transform; file -q -modified"), "true");
 }
 
 } // namespace
