@@ -113,6 +113,7 @@ std::optional<int> parseCommandLine(int argc, char** argv, CommandLine& line) {
     addRun(app, line);
     addPython(app, line);
     addExport(app, line);
+    addTextCommand(app, line.textRequest, [&line] { line.action = CommandLine::Action::Text; });
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

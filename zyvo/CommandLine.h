@@ -2,6 +2,7 @@
 
 #include "ExportJob.h"
 #include "Host.h"
+#include "TextCommand.h"
 
 #include <optional>
 #include <string>
@@ -10,7 +11,7 @@
 namespace zyvo {
 
 struct CommandLine {
-    enum class Action { Run, Python, Export };
+    enum class Action { Run, Python, Export, Text };
 
     HostOptions host;
     Action action = Action::Run;
@@ -19,6 +20,7 @@ struct CommandLine {
     std::vector<std::string> scriptArgs; // python: sys.argv after the script
     std::string scene;                   // export --scene
     ExportRequest exportRequest;
+    TextRequest textRequest;
 };
 
 // Reads the command line. Returns the exit code when the program is done

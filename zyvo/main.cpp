@@ -26,6 +26,8 @@ ZStatus perform(const zyvo::CommandLine& line, zyvo::Host& host) {
             }
         }
         return zyvo::runExport(line.exportRequest, host);
+    case Action::Text:
+        return zyvo::runText(line.textRequest, host);
     }
     return ZStatus::kFailure;
 }

@@ -1,0 +1,224 @@
+#include "TextCommand.h"
+
+#include "Host.h"
+#include "plugins/PluginRegistry.h"
+
+#include <CLI/CLI.hpp>
+#include <OpenZyvo/ZFnDependencyNode.h>
+#include <OpenZyvo/ZGlobal.h>
+#include <OpenZyvo/ZPlug.h>
+#include <OpenZyvo/ZSelectionList.h>
+#include <OpenZyvo/ZStringArray.h>
+#include <algorithm>
+#include <cstdio>
+#include <initializer_list>
+#include <map>
+
+namespace zyvo {
+
+namespace {
+
+constexpr char kPlugin[] = "Type";
+constexpr char kCreateText[] = "typeCreateText";
+// The flat text gets a shape of its own: the text object's shape shows the
+// extruded, deformed solid.
+constexpr char kFlatTransform[] = "flatText";
+constexpr char kFlatShape[] = "flatTextShape";
+
+// The font a type node falls back on, so that the default text shows without
+// a complaint about a missing font.
+constexpr char kDefaultFont[] = "Liberation Serif";
+constexpr char kDefaultStyle[] = "Italic";
+
+// The values of the type node's "alignmentMode".
+const std::map<std::string, short> kAlignments{{"left", 1}, {"centre", 2}, {"center", 2}, {"right", 3}};
+
+void reportError(const std::string& text) {
+    ZGlobal::displayError(ZString(text));
+}
+
+// The type node keeps its text as the UTF-8 bytes, each as two hexadecimal
+// digits and a blank.
+std::string hexText(const std::string& text) {
+    std::string hex;
+    char byte[4];
+    for (const char c : text) {
+        std::snprintf(byte, sizeof byte, "%02x ", static_cast<unsigned char>(c));
+        hex += byte;
+    }
+    return hex;
+}
+
+bool hasFormat(const std::string& file, std::initializer_list<ExportFormat> formats) {
+    const auto format = exportFormatOf(file);
+    return format && std::find(formats.begin(), formats.end(), *format) != formats.end();
+}
+
+ZStatus checkFiles(const TextRequest& request) {
+    for (const std::string& output : request.outputs) {
+        if (!hasFormat(output, {ExportFormat::Obj, ExportFormat::Stl, ExportFormat::Glb})) {
+            reportError("Cannot write the text to " + output + ": use .obj, .stl or .glb");
+            return ZStatus::kInvalidParameter;
+        }
+    }
+    if (!request.preview.empty() && !hasFormat(request.preview, {ExportFormat::Png})) {
+        reportError("A preview is a .png file, not " + request.preview);
+        return ZStatus::kInvalidParameter;
+    }
+    return ZStatus::kSuccess;
+}
+
+ZStatus loadTypePlugin() {
+    if (oz::plugins::PluginRegistry::instance().find(kPlugin))
+        return ZStatus::kSuccess;
+    std::string name;
+    return oz::plugins::PluginRegistry::instance().load(kPlugin, name);
+}
+
+// The type node of a new text object, made by the plug-in's procedure.
+ZStatus createTextObject(ZObject& typeNode, ZString& typeName) {
+    ZStringArray nodes;
+    if (const ZStatus status = ZGlobal::executeCommand(kCreateText, nodes); !status || nodes.length() == 0) {
+        reportError(std::string("The Type plug-in's ") + kCreateText + " made no text object");
+        return status ? ZStatus::kFailure : status;
+    }
+    typeName = nodes[0];
+    ZSelectionList list;
+    if (const ZStatus status = list.add(typeName); !status)
+        return status;
+    return list.getDependNode(0, typeNode);
+}
+
+// The node's layout settings are float attributes.
+std::optional<float> asFloat(const std::optional<double>& value) {
+    return value ? std::optional(static_cast<float>(*value)) : std::nullopt;
+}
+
+class TypeSettings {
+public:
+    explicit TypeSettings(const ZObject& node)
+        : m_node(node) {}
+
+    template <typename Value> void set(const char* attribute, const Value& value) {
+        if (!m_status)
+            return;
+        ZStatus status;
+        ZPlug plug = m_node.findPlug(attribute, true, &status);
+        if (status)
+            status = plug.setValue(value);
+        if (!status) {
+            reportError(std::string("Cannot set the type node's ") + attribute + ": " +
+                        status.errorString().asStdString());
+            m_status = status;
+        }
+    }
+
+    template <typename Value> void set(const char* attribute, const std::optional<Value>& value) {
+        if (value)
+            set(attribute, *value);
+    }
+
+    ZStatus status() const { return m_status; }
+
+private:
+    ZFnDependencyNode m_node;
+    ZStatus m_status;
+};
+
+ZStatus applySettings(const TextRequest& request, const ZObject& typeNode) {
+    TypeSettings settings(typeNode);
+    if (request.text)
+        settings.set("textInput", ZString(hexText(*request.text)));
+    settings.set("currentFont", ZString(request.font));
+    settings.set("currentStyle", ZString(request.style));
+    settings.set("fontSize", asFloat(request.size));
+    settings.set("tracking", asFloat(request.tracking));
+    settings.set("kerningScale", asFloat(request.kerning));
+    settings.set("leadingScale", asFloat(request.leading));
+    settings.set("spaceWidthScale", asFloat(request.spaceWidth));
+    if (request.alignment)
+        settings.set("alignmentMode", kAlignments.at(*request.alignment));
+    settings.set("curveResolution", request.curveResolution);
+    return settings.status();
+}
+
+// An empty mesh would only make the writers complain that there is nothing to
+// export; say why instead.
+ZStatus checkSomethingDrawn(const ZObject& typeNode, const TextRequest& request) {
+    ZStatus status;
+    const ZPlug shells = ZFnDependencyNode(typeNode).findPlug("numberOfShells", true, &status);
+    if (status && shells.asInt() == 0) {
+        reportError("The text \"" + request.text.value_or("") +
+                    "\" has no visible character: nothing was written");
+        return ZStatus::kInvalidParameter;
+    }
+    return status;
+}
+
+ZStatus showFlatText(const ZString& typeName) {
+    const ZString commands = ZString("createNode transform -n ") + kFlatTransform + ";\ncreateNode mesh -n " +
+                             kFlatShape + " -p " + kFlatTransform + ";\nconnectAttr " + typeName +
+                             ".outputMesh " + kFlatShape + ".inMesh;\n";
+    return ZGlobal::executeCommand(commands);
+}
+
+} // namespace
+
+void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> chosen) {
+    CLI::App* text =
+        app.add_subcommand("text", "Lay out a text with the Type plug-in and write its flat mesh");
+    text->add_option("string", request.text, "The text (default: the type node's own, \"3D Type\")");
+    text->add_option("--font", request.font, "Font family")->default_val(kDefaultFont)->type_name("FAMILY");
+    text->add_option("--style", request.style, "Font style")->default_val(kDefaultStyle)->type_name("STYLE");
+    text->add_option("--size", request.size, "Height of a line in scene units")
+        ->check(CLI::PositiveNumber)
+        ->type_name("S");
+    text->add_option("--tracking", request.tracking, "Letter spacing, in percent above 100")->type_name("T");
+    text->add_option("--kerning", request.kerning, "Scale of the horizontal glyph positions")->type_name("K");
+    text->add_option("--leading", request.leading, "Scale of the line height")->type_name("L");
+    text->add_option("--space-width", request.spaceWidth, "Scale of the width of a space")->type_name("W");
+    text->add_option("--align", request.alignment, "Alignment of the lines")
+        ->transform(CLI::IsMember(kAlignments, CLI::ignore_case).description(""))
+        ->type_name("left|centre|right");
+    text->add_option("--curve-resolution", request.curveResolution, "Straight segments per curve")
+        ->check(CLI::Range(1, 100))
+        ->type_name("N");
+    text->add_option("-o,--output", request.outputs,
+                     "A file to write the mesh to (.obj, .stl, .glb); repeatable")
+        ->required()
+        ->type_name("FILE");
+    text->add_option("--preview", request.preview, "Also render a PNG preview")->type_name("FILE.png");
+    text->callback(std::move(chosen));
+}
+
+ZStatus runText(const TextRequest& request, Host& host) {
+    if (const ZStatus status = checkFiles(request); !status)
+        return status;
+    if (const ZStatus status = loadTypePlugin(); !status)
+        return status;
+    ZObject typeNode;
+    ZString typeName;
+    if (const ZStatus status = createTextObject(typeNode, typeName); !status)
+        return status;
+    if (const ZStatus status = applySettings(request, typeNode); !status)
+        return status;
+    if (const ZStatus status = checkSomethingDrawn(typeNode, request); !status)
+        return status;
+    if (const ZStatus status = showFlatText(typeName); !status)
+        return status;
+
+    oz::exporter::ExportScene scene;
+    if (const ZStatus status = gatherMesh(kFlatShape, scene); !status)
+        return status;
+    std::vector<std::string> files = request.outputs;
+    if (!request.preview.empty())
+        files.push_back(request.preview);
+    for (const std::string& file : files) {
+        if (const ZStatus status = writeMesh(scene, file, request.previewSize); !status)
+            return status;
+        host.info("Wrote " + file);
+    }
+    return ZStatus::kSuccess;
+}
+
+} // namespace zyvo

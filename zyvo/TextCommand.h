@@ -1,0 +1,46 @@
+#pragma once
+
+#include "MeshExport.h"
+
+#include <OpenZyvo/ZStatus.h>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace zyvo {
+
+class Host;
+
+// What "zyvo text" was asked for. Settings left out keep the type node's own.
+struct TextRequest {
+    // The type node's own text, "3D Type", when not given.
+    std::optional<std::string> text;
+    std::string font;
+    std::string style;
+    std::optional<double> size;
+    std::optional<double> tracking;
+    std::optional<double> kerning;
+    std::optional<double> leading;
+    std::optional<double> spaceWidth;
+    // "left", "centre" (or "center") or "right", in any case.
+    std::optional<std::string> alignment;
+    std::optional<int> curveResolution;
+    std::vector<std::string> outputs; // .obj, .stl, .glb
+    std::string preview;              // .png
+    PreviewSize previewSize;
+};
+
+// Adds the "text" subcommand; `chosen` runs once the user picked it.
+void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> chosen);
+
+// Loads the Type plug-in, builds a text object with the plug-in's own
+// procedure, sets the request's settings on its type node, and writes the
+// type node's flat text mesh through a mesh shape of its own.
+ZStatus runText(const TextRequest& request, Host& host);
+
+} // namespace zyvo
