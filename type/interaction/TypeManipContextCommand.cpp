@@ -1,0 +1,13 @@
+#include "interaction/TypeManipContextCommand.h"
+
+namespace type {
+
+void* typeManipContextCommand::creator() {
+    return new typeManipContextCommand;
+}
+
+ZPxContext* typeManipContextCommand::makeObj() {
+    return nullptr;
+}
+
+} // namespace type

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <OpenZyvo/ZPxContextCommand.h>
+
+namespace type {
+
+// "typeManipContextCommand": makes the type manipulator tool, which picks the
+// character, word or line to edit and attaches the typeManip manipulator.
+class typeManipContextCommand : public ZPxContextCommand {
+public:
+    static constexpr const char* kCommandName = "typeManipContextCommand";
+
+    static void* creator();
+
+    // The host offers plug-ins no base for their tool contexts yet, so no
+    // context can be made: the host reports that the command made none.
+    ZPxContext* makeObj() override;
+};
+
+} // namespace type

@@ -1,0 +1,45 @@
+"""Group ids for the per-character vertex groups of a typeExtrude node."""
+
+import re
+
+import zyvo.cmds as cmds
+
+
+def _nextFreeGroupId():
+    used = [cmds.getAttr(node + ".groupId") for node in cmds.ls(type="groupId")]
+    return max(used, default=0) + 1
+
+
+def _connectedIndices(plug):
+    connected = cmds.listConnections(plug, s=True, d=False, p=True, c=True) or []
+    indices = set()
+    for name in connected[::2]:
+        found = re.search(r"\[(\d+)\]$", name)
+        if found:
+            indices.add(int(found.group(1)))
+    return indices
+
+
+def createExtruderGroupIds(extruder, missing):
+    """Gives `extruder` `missing` more charGroupId entries, each fed by a new
+    groupId node with an id no other groupId node uses, after the entries it
+    has. Returns the names of the new groupId nodes."""
+    if not cmds.objExists(extruder) or extruder not in cmds.ls(type="typeExtrude"):
+        raise ValueError("createExtruderGroupIds: %r is not a typeExtrude node" % (extruder,))
+    missing = int(missing)
+    if missing < 0:
+        raise ValueError("createExtruderGroupIds: cannot add %d ids" % missing)
+
+    plug = extruder + ".charGroupId"
+    taken = _connectedIndices(plug)
+    index = cmds.getAttr(plug, size=True)
+    created = []
+    for _ in range(missing):
+        while index in taken:
+            index += 1
+        groupId = cmds.createNode("groupId")
+        cmds.setAttr(groupId + ".groupId", _nextFreeGroupId())
+        cmds.connectAttr(groupId + ".groupId", "%s[%d]" % (plug, index))
+        taken.add(index)
+        created.append(groupId)
+    return created

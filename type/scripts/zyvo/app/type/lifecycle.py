@@ -1,0 +1,22 @@
+"""What the plug-in's script procedures are, and their coming and going."""
+
+import zyvo
+
+from zyvo.app.type import createText, extruderGroupIds, toolValues
+
+# Procedures the plug-in's nodes, tools and menus call by name.
+PROCEDURES = {
+    "typeCreateText": createText.typeCreateText,
+    "createExtruderGroupIds": extruderGroupIds.createExtruderGroupIds,
+    "typeTRSToolValues": toolValues.typeTRSToolValues,
+}
+
+
+def typeInitPlugin():
+    for name, procedure in PROCEDURES.items():
+        zyvo.registerProcedure(name, procedure)
+
+
+def typeUninitPlugin():
+    for name in PROCEDURES:
+        zyvo.deregisterProcedure(name)
