@@ -1,12 +1,14 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/CallerLanguage.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZGlobal.h>
 
 namespace {
 
-// evalDeferred [-python] "script": runs the script (command language, or
-// Python with -python) once the current top-level command has finished.
+// evalDeferred [-python] "script": runs the script once the current top-level
+// command has finished, as Python with -python or when called from Python,
+// else in the command language.
 class EvalDeferredCommand : public ZPxCommand {
 public:
     static ZSyntax newSyntax() {
@@ -23,7 +25,7 @@ public:
             return status;
         ZString script;
         database.getCommandArgument(0, script);
-        if (database.isFlagSet("-python"))
+        if (database.isFlagSet("-python") || oz::cmd::callerLanguage() == oz::cmd::Language::Python)
             return ZGlobal::executePythonCommandOnIdle(script);
         return ZGlobal::executeCommandOnIdle(script);
     }

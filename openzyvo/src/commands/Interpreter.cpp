@@ -1,5 +1,6 @@
 #include "commands/Interpreter.h"
 
+#include "commands/CallerLanguage.h"
 #include "commands/ExecutionScope.h"
 #include "commands/Executor.h"
 #include "commands/MessageLog.h"
@@ -29,6 +30,7 @@ ZStatus evaluate(const Invocation& invocation, Value& result) {
         if (!status)
             return status;
     }
+    const CallerLanguageScope fromCommandLanguage(Language::Command);
     return Executor::invoke(invocation.name, args, result, located(invocation.position, ""));
 }
 

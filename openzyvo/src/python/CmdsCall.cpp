@@ -1,5 +1,6 @@
 #include "python/CmdsCall.h"
 
+#include "commands/CallerLanguage.h"
 #include "commands/CommandRegistry.h"
 #include "commands/Executor.h"
 #include "commands/MessageLog.h"
@@ -116,6 +117,7 @@ py::object callCommand(const std::string& name, py::args args, py::kwargs kwargs
     std::size_t errorsBefore = 0;
     {
         py::gil_scoped_release release;
+        const cmd::CallerLanguageScope fromPython(cmd::Language::Python);
         errorsBefore = cmd::MessageLog::instance().errorCount();
         status = cmd::Executor::invoke(name, items, result);
     }

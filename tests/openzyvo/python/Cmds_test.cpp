@@ -149,3 +149,15 @@ TEST_F(Cmds, PythonCanRunTheCommandLanguage) {
     EXPECT_EQ(errors().back(),
               "RuntimeError: line 1, column 1: makeThing: flag '-r' needs 1 argument, found 0");
 }
+
+TEST_F(Cmds, EvalDeferredReadsItsScriptInTheCallersLanguage) {
+    python("import zyvo.cmds as cmds\n"
+           "deferredFromPython = 0\n"
+           "cmds.evalDeferred('deferredFromPython = 1')");
+    EXPECT_EQ(python("deferredFromPython"), "1");
+
+    // The same command run from the command language defers command-language text.
+    python("zyvo.eval('evalDeferred \"python \\\\\"deferredFromLanguage = 2\\\\\"\"')");
+    EXPECT_EQ(python("deferredFromLanguage"), "2");
+    EXPECT_TRUE(errors().empty()) << errors().back();
+}

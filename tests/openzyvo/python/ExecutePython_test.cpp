@@ -66,7 +66,7 @@ TEST_F(ExecutePython, DeferredPythonRunsAfterTheCommandThatQueuedIt) {
 
     log().clear();
     python("import zyvo\nimport zyvo.cmds as cmds\n"
-           "cmds.evalDeferred('print later')\n"
+           "cmds.evalDeferred(\"zyvo.displayInfo('later')\")\n"
            "zyvo.displayInfo('python finished')");
     EXPECT_EQ(infos(), (std::vector<std::string>{"python finished", "later"}));
 }
