@@ -75,7 +75,7 @@ ZStatus PluginRegistry::load(const std::string& nameOrPath, std::string& name) {
         if (sameFile(existing->library, *path))
             return ZStatus::kSuccess;
         reportError("Cannot load plug-in " + name + " from " + path->string() +
-                    ": a plug-in of that name is " + "already loaded from " + existing->library.string());
+                    ": a plug-in of that name is already loaded from " + existing->library.string());
         return ZStatus::kInvalidParameter;
     }
 
@@ -117,6 +117,9 @@ ZStatus PluginRegistry::load(const std::string& nameOrPath, std::string& name) {
     if (!status) {
         forgetPluginScripts(name);
         Loaded failed = take(name);
+        // Callbacks it installed before it failed are out of the host's
+        // reach; its code stays mapped so that they never dangle.
+        failed.library.keepMapped();
         release(failed);
         return status;
     }

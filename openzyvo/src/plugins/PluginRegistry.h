@@ -18,8 +18,8 @@ public:
 
     // Finds the library (see locatePlugin), opens it, checks its ZApiVersion
     // and entry points, imports its scripts and calls initializePlugin. A
-    // failed initialisation removes whatever the plug-in registered and
-    // closes the library again. `name` gets the plug-in's name; loading a
+    // failed initialisation removes whatever the plug-in registered; the
+    // library stays mapped, since it may have installed callbacks. `name` gets the plug-in's name; loading a
     // plug-in already loaded from the same library does nothing more.
     ZStatus load(const std::string& nameOrPath, std::string& name);
     // Refused while nodes of the plug-in's types exist. Calls
