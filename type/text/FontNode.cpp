@@ -30,10 +30,6 @@ void fontNode::postConstructor() {
     m_callbackIds.append(id);
 }
 
-ZStatus fontNode::compute(const ZPlug&, ZDataBlock&) {
-    return ZStatus::kUnknownParameter;
-}
-
 ZPxNode::SchedulingType fontNode::schedulingType() const {
     return kUntrusted;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/FontNodeCompute.h"
+
 #include <OpenZyvo/ZCallbackIdArray.h>
 #include <OpenZyvo/ZNodeMessage.h>
 #include <OpenZyvo/ZPxNode.h>
@@ -30,6 +32,9 @@ public:
     ZStatus compute(const ZPlug& plug, ZDataBlock& block) override;
     // The host never evaluates two type nodes at once.
     SchedulingType schedulingType() const override;
+
+    // The node's evaluation and the caches it keeps between evaluations.
+    const FontNodeCompute& evaluation() const { return m_compute; }
 
     // Per-character record (outputs).
     static ZObject solidsPerCharacter;
@@ -142,6 +147,7 @@ private:
                                  void* clientData);
 
     ZCallbackIdArray m_callbackIds;
+    FontNodeCompute m_compute;
 };
 
 } // namespace type

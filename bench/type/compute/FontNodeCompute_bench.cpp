@@ -1,0 +1,144 @@
+#include "graph/NodeTypeRegistry.h"
+#include "text/FontNode.h"
+#include "text/HexText.h"
+
+#include <OpenZyvo/ZFileIO.h>
+#include <OpenZyvo/ZFnDependencyNode.h>
+#include <OpenZyvo/ZPlug.h>
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+#include <string>
+
+namespace type {
+namespace {
+
+void registerTypeNode() {
+    if (oz::NodeTypeRegistry::instance().find(ZString(fontNode::kTypeName)))
+        return;
+    oz::NodeTypeInfo info;
+    info.name = fontNode::kTypeName;
+    info.id = ZTypeId(fontNode::kTypeId);
+    info.creator = [] {
+        return static_cast<ZPxNode*>(fontNode::creator());
+    };
+    info.initializer = fontNode::initialize;
+    if (!oz::NodeTypeRegistry::instance().registerType(std::move(info)))
+        std::abort();
+}
+
+// Ten lines of 100 characters of running text, 1,000 characters in all.
+std::string paragraph() {
+    const std::string words = "The quick brown fox jumps over the lazy dog while 0123456789 clocks tick; ";
+    std::string text;
+    std::size_t next = 0;
+    for (int line = 0; line < 10; ++line) {
+        if (line > 0)
+            text += '\n';
+        for (int i = 0; i < 100; ++i)
+            text += words[next++ % words.size()];
+    }
+    return text;
+}
+
+// A fresh scene with one type node in DejaVu Sans at curve resolution 4,
+// evaluated once with an empty text: the font catalogue is read and the face
+// loaded, as they are once in a node's life.
+class TypeScene {
+public:
+    TypeScene() {
+        registerTypeNode();
+        ZFileIO::newFile(true);
+        m_node = ZFnDependencyNode().create(ZString(fontNode::kTypeName));
+        plug(fontNode::currentFont).setValue("DejaVu Sans");
+        plug(fontNode::currentStyle).setValue("Book");
+        plug(fontNode::curveResolution).setValue(4);
+        setText("");
+        evaluate();
+    }
+    ~TypeScene() { ZFileIO::newFile(true); }
+
+    ZPlug plug(const ZObject& attribute) const { return ZPlug(m_node, attribute); }
+    void setText(const std::string& utf8) { plug(fontNode::textInput).setValue(encodeHexText(utf8)); }
+
+    void evaluate() {
+        ZObject mesh;
+        if (!plug(fontNode::outputMesh).getValue(mesh) || mesh.isNull())
+            std::abort();
+        benchmark::DoNotOptimize(mesh);
+    }
+
+private:
+    ZObject m_node;
+};
+
+// A node's first evaluation of the text: every glyph is decomposed.
+void evaluateFirstTime(benchmark::State& state, const std::string& text) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        {
+            TypeScene scene;
+            scene.setText(text);
+            state.ResumeTiming();
+            scene.evaluate();
+            state.PauseTiming();
+        }
+        state.ResumeTiming();
+    }
+    state.counters["characters"] = static_cast<double>(text.size());
+}
+
+void BM_ComputeDefaultText(benchmark::State& state) {
+    evaluateFirstTime(state, decodeHexText("33 44 20 54 79 70 65"));
+}
+BENCHMARK(BM_ComputeDefaultText)->Unit(benchmark::kMillisecond);
+
+void BM_ComputeParagraph(benchmark::State& state) {
+    evaluateFirstTime(state, paragraph());
+}
+BENCHMARK(BM_ComputeParagraph)->Unit(benchmark::kMillisecond);
+
+// Typing over one character of the paragraph with characters already in it:
+// layout and mesh are rebuilt, no glyph is decomposed.
+void BM_RecomputeParagraphAfterOneEdit(benchmark::State& state) {
+    TypeScene scene;
+    std::string text = paragraph();
+    scene.setText(text);
+    scene.evaluate();
+    const char replacements[] = {'x', 'q'};
+    std::size_t round = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        text[550] = replacements[round++ % 2];
+        scene.setText(text);
+        state.ResumeTiming();
+        scene.evaluate();
+    }
+}
+BENCHMARK(BM_RecomputeParagraphAfterOneEdit)->Unit(benchmark::kMillisecond);
+
+// The same edit, each time with a letter the node has not drawn before
+// (Latin, Greek and Cyrillic letters of the font): exactly one glyph is
+// decomposed.
+void BM_RecomputeParagraphAfterOneNewGlyph(benchmark::State& state) {
+    TypeScene scene;
+    const std::string text = paragraph();
+    scene.setText(text);
+    scene.evaluate();
+    char32_t next = U'\u00C0';
+    for (auto _ : state) {
+        state.PauseTiming();
+        if (next == U'\u0530')
+            next = U'\u00C0';
+        const QString letter = QString::fromUcs4(&next, 1);
+        ++next;
+        std::string edited = text;
+        edited.replace(550, 1, letter.toStdString());
+        scene.setText(edited);
+        state.ResumeTiming();
+        scene.evaluate();
+    }
+}
+BENCHMARK(BM_RecomputeParagraphAfterOneNewGlyph)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace type

@@ -1,0 +1,167 @@
+#include "ProgramRunner.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <png.h>
+#include <sstream>
+#include <tiny_gltf.h>
+
+namespace {
+
+using ::testing::HasSubstr;
+
+struct ObjMesh {
+    std::vector<std::array<double, 3>> vertices;
+    std::size_t triangles = 0;
+};
+
+ObjMesh readObj(const std::filesystem::path& file) {
+    ObjMesh mesh;
+    std::istringstream lines(readFile(file));
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream fields(line);
+        std::string kind;
+        fields >> kind;
+        if (kind == "v") {
+            std::array<double, 3>& v = mesh.vertices.emplace_back();
+            fields >> v[0] >> v[1] >> v[2];
+        } else if (kind == "f") {
+            ++mesh.triangles;
+        }
+    }
+    return mesh;
+}
+
+std::array<double, 2> extent(const ObjMesh& mesh, int axis) {
+    std::array<double, 2> range{1e300, -1e300};
+    for (const auto& v : mesh.vertices) {
+        range[0] = std::min(range[0], v[axis]);
+        range[1] = std::max(range[1], v[axis]);
+    }
+    return range;
+}
+
+// Pixels that differ from the top-left corner, which shows the background.
+std::size_t drawnPixels(const std::filesystem::path& file) {
+    png_image png{};
+    png.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_file(&png, file.string().c_str())) {
+        ADD_FAILURE() << png.message;
+        return 0;
+    }
+    png.format = PNG_FORMAT_RGB;
+    std::vector<std::uint8_t> rgb(PNG_IMAGE_SIZE(png));
+    EXPECT_TRUE(png_image_finish_read(&png, nullptr, rgb.data(), 0, nullptr)) << png.message;
+    std::size_t drawn = 0;
+    for (std::size_t i = 0; i + 2 < rgb.size(); i += 3)
+        drawn += !std::equal(rgb.begin() + static_cast<long>(i), rgb.begin() + static_cast<long>(i) + 3,
+                             rgb.begin());
+    return drawn;
+}
+
+ProgramResult text(const std::vector<std::string>& args) {
+    std::vector<std::string> all{"text"};
+    all.insert(all.end(), args.begin(), args.end());
+    return runZyvo(all);
+}
+
+TEST(TextCommand, WritesTheFlatTextInEveryFormat) {
+    TempFolder folder;
+    const ProgramResult run =
+        text({"Hi O", "--font", "DejaVu Sans", "--style", "Book", "-o", folder / "t.obj", "-o",
+              folder / "t.stl", "-o", folder / "t.glb", "--preview", folder / "t.png"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_THAT(run.out, HasSubstr("t.glb"));
+
+    const ObjMesh obj = readObj(folder / "t.obj");
+    ASSERT_GT(obj.triangles, 0u);
+    EXPECT_EQ(extent(obj, 2), (std::array<double, 2>{0.0, 0.0})) << "the text is flat";
+    EXPECT_NEAR(extent(obj, 1)[1], 20.0 * 0.73 / 1.164, 1.0) << "a cap height at the default size";
+
+    const std::string stl = readFile(folder / "t.stl");
+    ASSERT_GE(stl.size(), 84u);
+    std::uint32_t stlTriangles = 0;
+    std::memcpy(&stlTriangles, stl.data() + 80, 4);
+    EXPECT_EQ(stlTriangles, obj.triangles);
+    EXPECT_EQ(stl.size(), 84u + 50u * stlTriangles);
+
+    tinygltf::TinyGLTF loader;
+    tinygltf::Model model;
+    std::string error, warning;
+    ASSERT_TRUE(loader.LoadBinaryFromFile(&model, &error, &warning, (folder / "t.glb").string())) << error;
+    std::size_t indices = 0;
+    for (const tinygltf::Mesh& mesh : model.meshes)
+        for (const tinygltf::Primitive& primitive : mesh.primitives)
+            indices += model.accessors.at(static_cast<std::size_t>(primitive.indices)).count;
+    EXPECT_EQ(indices, 3 * obj.triangles);
+
+    EXPECT_GT(drawnPixels(folder / "t.png"), 1000u) << "the preview shows the text";
+}
+
+TEST(TextCommand, SettingsReachTheTypeNode) {
+    TempFolder folder;
+    auto lettersAt = [&](const std::string& name, std::vector<std::string> settings) {
+        std::vector<std::string> args{"HI", "--font", "DejaVu Sans", "--style", "Book", "-o", folder / name};
+        args.insert(args.end(), settings.begin(), settings.end());
+        const ProgramResult run = text(args);
+        EXPECT_EQ(run.exitCode, 0) << run.err;
+        return readObj(folder / name);
+    };
+    const ObjMesh plain = lettersAt("plain.obj", {});
+    const ObjMesh large = lettersAt("large.obj", {"--size", "40"});
+    EXPECT_NEAR(extent(large, 1)[1], 2.0 * extent(plain, 1)[1], 1e-3);
+    const ObjMesh spaced = lettersAt("spaced.obj", {"--tracking", "50"});
+    EXPECT_GT(extent(spaced, 0)[1], extent(plain, 0)[1] + 1.0);
+    // Right alignment moves the line left by its width.
+    const ObjMesh right = lettersAt("right.obj", {"--align", "right"});
+    EXPECT_NEAR(extent(right, 0)[1], extent(plain, 0)[0], 1e-3);
+    const ObjMesh fine = lettersAt("fine.obj", {"--curve-resolution", "1"});
+    EXPECT_EQ(fine.vertices.size(), plain.vertices.size()) << "H and I have no curves";
+}
+
+TEST(TextCommand, WithoutAStringWritesTheDefaultText) {
+    TempFolder folder;
+    const ProgramResult byDefault = text({"-o", folder / "default.obj"});
+    ASSERT_EQ(byDefault.exitCode, 0) << byDefault.err;
+    const ProgramResult spelledOut = text({"3D Type", "-o", folder / "spelled.obj"});
+    ASSERT_EQ(spelledOut.exitCode, 0) << spelledOut.err;
+    const ObjMesh byDefaultMesh = readObj(folder / "default.obj");
+    const ObjMesh spelledOutMesh = readObj(folder / "spelled.obj");
+    EXPECT_GT(byDefaultMesh.triangles, 0u);
+    EXPECT_EQ(byDefaultMesh.triangles, spelledOutMesh.triangles);
+    EXPECT_TRUE(byDefaultMesh.vertices == spelledOutMesh.vertices);
+}
+
+TEST(TextCommand, BadRequestsAreExplained) {
+    TempFolder folder;
+    const ProgramResult wrongFormat = text({"A", "-o", folder / "a.txt"});
+    EXPECT_NE(wrongFormat.exitCode, 0);
+    EXPECT_THAT(wrongFormat.err, HasSubstr("use .obj, .stl or .glb"));
+
+    const ProgramResult wrongPreview = text({"A", "-o", folder / "a.obj", "--preview", folder / "a.jpg"});
+    EXPECT_NE(wrongPreview.exitCode, 0);
+    EXPECT_THAT(wrongPreview.err, HasSubstr(".png"));
+
+    const ProgramResult alignment = text({"A", "--align", "middle", "-o", folder / "a.obj"});
+    EXPECT_EQ(alignment.exitCode, 2);
+    EXPECT_THAT(alignment.err, HasSubstr("middle"));
+    EXPECT_EQ(text({"A", "--size", "-3", "-o", folder / "a.obj"}).exitCode, 2);
+    EXPECT_EQ(text({"A"}).exitCode, 2) << "an output is required";
+
+    // A missing font is reported, and the text is still drawn in the default font.
+    const ProgramResult missing = text({"A", "--font", "No Such Family", "-o", folder / "missing.obj"});
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_THAT(missing.err, HasSubstr("The current font (No Such Family) is missing"));
+    EXPECT_GT(readObj(folder / "missing.obj").triangles, 0u);
+
+    const ProgramResult blank = text({" ", "-o", folder / "blank.obj"});
+    EXPECT_EQ(blank.exitCode, 1);
+    EXPECT_THAT(blank.err, HasSubstr("has no visible character"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "blank.obj"));
+}
+
+} // namespace
