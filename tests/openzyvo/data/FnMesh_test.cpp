@@ -1,4 +1,5 @@
 #include "MeshFixtures.h"
+#include "data/MeshShapeCreator.h"
 
 #include <OpenZyvo/ZFnIntArrayData.h>
 #include <OpenZyvo/ZFnMesh.h>
@@ -99,6 +100,9 @@ TEST(FnMesh, MergingSharesVerticesWithinTheTolerance) {
 }
 
 TEST(FnMesh, BadArgumentsAndIndicesReturnStatuses) {
+    // Without a shape creator a mesh can only be built into mesh data.
+    const oz::MeshShapeCreator installed = oz::meshShapeCreator();
+    oz::setMeshShapeCreator(nullptr);
     ZFnMesh empty;
     ZStatus status;
     EXPECT_EQ(empty.numVertices(&status), 0);
@@ -139,6 +143,7 @@ TEST(FnMesh, BadArgumentsAndIndicesReturnStatuses) {
     EXPECT_EQ(mesh.setPoints(square(5, 5, 1)), ZStatus::kInvalidParameter);
     mesh.getPoint(1, p);
     EXPECT_EQ(p, ZPoint(1, 0, 0));
+    oz::setMeshShapeCreator(installed);
 }
 
 TEST(FnMesh, PointsRoundTripInBothPrecisions) {

@@ -47,16 +47,20 @@ ZObject createFakeShape(const ZObject&, ZStatus& status) {
 
 class MeshShape : public ::testing::Test {
 protected:
+    // The runtime installs the real shape creator at start; these tests run without it.
     void SetUp() override {
+        installedCreator = oz::meshShapeCreator();
+        oz::setMeshShapeCreator(nullptr);
         shape->world = scaleAndMove();
         ZFnMesh().copy(fixtures::cube(), shapeObject);
         shape->edits.clear();
     }
     void TearDown() override {
-        oz::setMeshShapeCreator(nullptr);
+        oz::setMeshShapeCreator(installedCreator);
         lastCreated.reset();
     }
 
+    oz::MeshShapeCreator installedCreator = nullptr;
     std::shared_ptr<FakeShape> shape = std::make_shared<FakeShape>();
     ZObject shapeObject = oz::ObjectAccess::wrap(shape);
 };

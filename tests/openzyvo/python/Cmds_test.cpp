@@ -151,7 +151,8 @@ TEST_F(Cmds, PythonCanRunTheCommandLanguage) {
 }
 
 TEST_F(Cmds, EvalDeferredReadsItsScriptInTheCallersLanguage) {
-    python("import zyvo.cmds as cmds\n"
+    python("import zyvo\n"
+           "import zyvo.cmds as cmds\n"
            "deferredFromPython = 0\n"
            "cmds.evalDeferred('deferredFromPython = 1')");
     EXPECT_EQ(python("deferredFromPython"), "1");
