@@ -19,7 +19,9 @@ class ZTimeArray;
 // Tangent angles are measured in the plane of seconds and value.
 class ZFnAnimCurve : public ZFnDependencyNode {
 public:
-    enum AnimCurveType {
+    // The enums have a fixed underlying type so that a number from a script or
+    // a file that names no field is still a value the calls can refuse.
+    enum AnimCurveType : int {
         kAnimCurveTA = 0, // time to angle
         kAnimCurveTL,     // time to distance
         kAnimCurveTT,     // time to time
@@ -27,7 +29,7 @@ public:
         kAnimCurveUnknown
     };
 
-    enum TangentType {
+    enum TangentType : int {
         kTangentFixed = 0,
         kTangentLinear,
         kTangentFlat,
@@ -39,7 +41,7 @@ public:
         kTangentAuto,    // smooth without overshoot, keeping speed through keys
     };
 
-    enum InfinityType { kConstant = 0, kLinear, kCycle, kCycleRelative, kOscillate };
+    enum InfinityType : int { kConstant = 0, kLinear, kCycle, kCycleRelative, kOscillate };
 
     ZFnAnimCurve() = default;
     explicit ZFnAnimCurve(const ZObject& node, ZStatus* status = nullptr);

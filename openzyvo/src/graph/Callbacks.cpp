@@ -37,8 +37,10 @@ void count(Node& node, CallbackEntry::Kind kind, int delta) {
 } // namespace
 
 Callbacks& Callbacks::instance() {
-    static Callbacks callbacks;
-    return callbacks;
+    // Never destroyed: nodes and plug-ins still remove their callbacks while
+    // the process exits, after function-local statics have gone.
+    static Callbacks* const callbacks = new Callbacks;
+    return *callbacks;
 }
 
 ZCallbackId Callbacks::addNodeCallback(Node& node, CallbackEntry::Kind kind, CallbackFunction function,
