@@ -12,7 +12,11 @@ Node::Node(std::shared_ptr<NodeType> nodeType)
         normal.roots.push_back(std::make_unique<Slot>(makeSlot(*attribute, false)));
 }
 
-Node::~Node() = default;
+Node::~Node() {
+    // The user node goes first: its destructor may still remove the callbacks it
+    // installed, and those live in this node's list.
+    user.reset();
+}
 
 unsigned int Node::rootCount() const {
     return static_cast<unsigned int>(type->roots.size() + dynamicAttrs.size());
