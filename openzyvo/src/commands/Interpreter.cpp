@@ -5,12 +5,11 @@
 #include "commands/Executor.h"
 #include "commands/MessageLog.h"
 #include "commands/Parser.h"
+#include "core/Overloaded.h"
 
 namespace oz::cmd {
 
 namespace {
-
-template <class... Ts> struct Overloaded : Ts... { using Ts::operator()...; };
 
 ZStatus evaluate(const Invocation& invocation, Value& result) {
     std::vector<ArgItem> args;
