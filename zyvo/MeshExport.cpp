@@ -8,6 +8,9 @@
 #include "nodes/ExportCollector.h"
 
 #include <OpenZyvo/ZGlobal.h>
+#include <algorithm>
+#include <cctype>
+#include <set>
 
 namespace zyvo {
 
@@ -20,7 +23,9 @@ void reportError(const std::string& text) {
 } // namespace
 
 std::optional<ExportFormat> exportFormatOf(const std::filesystem::path& file) {
-    const std::string extension = file.extension().string();
+    std::string extension = file.extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     if (extension == ".obj")
         return ExportFormat::Obj;
     if (extension == ".stl")
@@ -30,6 +35,21 @@ std::optional<ExportFormat> exportFormatOf(const std::filesystem::path& file) {
     if (extension == ".png")
         return ExportFormat::Png;
     return std::nullopt;
+}
+
+ZStatus checkDistinctFiles(const std::vector<std::string>& files) {
+    std::set<std::filesystem::path> seen;
+    for (const std::string& file : files) {
+        std::error_code error;
+        std::filesystem::path resolved = std::filesystem::weakly_canonical(file, error);
+        if (error)
+            resolved = std::filesystem::absolute(file, error).lexically_normal();
+        if (!seen.insert(resolved).second) {
+            reportError("The output " + file + " is given twice; each output must be a file of its own");
+            return ZStatus::kInvalidParameter;
+        }
+    }
+    return ZStatus::kSuccess;
 }
 
 ZStatus gatherMesh(const std::string& node, oz::exporter::ExportScene& scene) {
