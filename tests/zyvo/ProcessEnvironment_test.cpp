@@ -16,7 +16,6 @@ std::string runtimeFolderSeen(const TempFolder& temporary) {
     run.environment = {{"XDG_RUNTIME_DIR", ""}, {"TMPDIR", temporary.path().string()}};
     const ProgramResult result = runProgram(run);
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_EQ(result.err, "");
     return result.out.substr(0, result.out.find('\n'));
 }
 
