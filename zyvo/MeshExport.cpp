@@ -10,7 +10,7 @@
 #include <OpenZyvo/ZGlobal.h>
 #include <algorithm>
 #include <cctype>
-#include <set>
+#include <map>
 
 namespace zyvo {
 
@@ -18,6 +18,21 @@ namespace {
 
 void reportError(const std::string& text) {
     ZGlobal::displayError(ZString(text));
+}
+
+// The same file however it is spelled: through "..", links or from the
+// current folder.
+std::filesystem::path resolved(const std::filesystem::path& file) {
+    std::error_code error;
+    std::filesystem::path path = std::filesystem::weakly_canonical(file, error);
+    return error ? std::filesystem::absolute(file, error).lexically_normal() : path;
+}
+
+// What writing `file` makes: an OBJ file has its material library beside it.
+std::vector<std::filesystem::path> filesWritten(const std::filesystem::path& file) {
+    if (exportFormatOf(file) == ExportFormat::Obj)
+        return {file, std::filesystem::path(file).replace_extension(".mtl")};
+    return {file};
 }
 
 } // namespace
@@ -38,14 +53,16 @@ std::optional<ExportFormat> exportFormatOf(const std::filesystem::path& file) {
 }
 
 ZStatus checkDistinctFiles(const std::vector<std::string>& files) {
-    std::set<std::filesystem::path> seen;
+    std::map<std::filesystem::path, std::string> writers; // each file written, by the output that writes it
     for (const std::string& file : files) {
-        std::error_code error;
-        std::filesystem::path resolved = std::filesystem::weakly_canonical(file, error);
-        if (error)
-            resolved = std::filesystem::absolute(file, error).lexically_normal();
-        if (!seen.insert(resolved).second) {
-            reportError("The output " + file + " is given twice; each output must be a file of its own");
+        for (const std::filesystem::path& written : filesWritten(file)) {
+            const auto [earlier, added] = writers.try_emplace(resolved(written), file);
+            if (added)
+                continue;
+            reportError(resolved(file) == resolved(earlier->second)
+                            ? "The output " + file + " is given twice; each output must be a file of its own"
+                            : "The outputs " + earlier->second + " and " + file + " would both write " +
+                                  written.string() + "; each output must be a file of its own");
             return ZStatus::kInvalidParameter;
         }
     }

@@ -15,9 +15,9 @@ enum class ExportFormat { Obj, Stl, Glb, Png };
 // From the extension (.obj, .stl, .glb, .png, in any case); nothing for others.
 std::optional<ExportFormat> exportFormatOf(const std::filesystem::path& file);
 
-// Refuses, with an error, files of which one names a file given before it
-// (the same path spelled differently, or through a link, counts): the later
-// would overwrite the earlier.
+// Refuses, with an error, files of which one would overwrite what an earlier
+// one writes: the same path, however spelled, or the material library of an
+// OBJ file.
 ZStatus checkDistinctFiles(const std::vector<std::string>& files);
 
 struct PreviewSize {

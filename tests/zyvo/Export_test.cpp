@@ -183,7 +183,13 @@ TEST_F(Export, OneFileNamedTwiceIsRefused) {
         EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(outputs) << "\n" << result.err;
         EXPECT_TRUE(contains(result.err, "is given twice")) << result.err;
     }
-    for (const char* never : {"twice.obj", "f.1.obj", "g.8.obj", "g.08.obj", "g.10.obj"})
+    // Each OBJ file has its material library beside it.
+    const ProgramResult library =
+        exportPlate({(m_folder / "lib.obj").string(), (m_folder / "lib.OBJ").string(), "--frame", "1"});
+    EXPECT_EQ(library.exitCode, 1);
+    EXPECT_TRUE(contains(library.err, "would both write " + (m_folder / "lib.mtl").string())) << library.err;
+    for (const char* never :
+         {"twice.obj", "f.1.obj", "g.8.obj", "g.08.obj", "g.10.obj", "lib.obj", "lib.mtl"})
         EXPECT_FALSE(fs::exists(m_folder / never)) << never;
 }
 
