@@ -1,6 +1,8 @@
 #include "CommandLine.h"
 
 #include "FrameRange.h"
+#include "NumberOption.h"
+#include "export/PreviewRenderer.h"
 #include "plugins/ApiVersion.h"
 
 #include <CLI/CLI.hpp>
@@ -92,11 +94,13 @@ void addExport(CLI::App& app, CommandLine& line) {
         ->add_option("--scene", line.scene, "Run this file first (a scene, command script or Python file)")
         ->check(CLI::ExistingFile)
         ->type_name("FILE");
+    const CLI::Validator previewSide =
+        wholeNumberFrom(oz::exporter::kMinPreviewSide, oz::exporter::kMaxPreviewSide);
     exporter->add_option("--width", request.previewSize.width, "Width of a PNG preview")
-        ->check(CLI::Range(16, 8192))
+        ->check(previewSide)
         ->type_name("PIXELS");
     exporter->add_option("--height", request.previewSize.height, "Height of a PNG preview")
-        ->check(CLI::Range(16, 8192))
+        ->check(previewSide)
         ->type_name("PIXELS");
     exporter->callback([&line] { line.action = CommandLine::Action::Export; });
 }
@@ -107,15 +111,24 @@ std::optional<int> parseCommandLine(int argc, char** argv, CommandLine& line) {
     CLI::App app("The Zyvo host: loads plug-ins, runs scripts and scenes, and exports meshes.", "zyvo");
     app.set_version_flag("--version", std::string("zyvo ") + ZYVO_VERSION + " (OpenZyvo API " +
                                           oz::plugins::formatApiVersion(OPENZYVO_API_VERSION) + ")");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
     app.fallthrough();
     addHostOptions(app, line.host);
+    auto* listFonts =
+        app.add_flag("--list-fonts")->description("List the font families and styles the Type plug-in finds");
     addRun(app, line);
     addPython(app, line);
     addExport(app, line);
     addTextCommand(app, line.textRequest, [&line] { line.action = CommandLine::Action::Text; });
     try {
         app.parse(argc, argv);
+        const auto chosen = app.get_subcommands();
+        if (listFonts->count() > 0 && !chosen.empty() && chosen.front()->get_name() != "text")
+            throw CLI::ValidationError("--list-fonts", "goes alone or with text");
+        if (listFonts->count() > 0 || line.textRequest.listFonts)
+            line.action = CommandLine::Action::ListFonts;
+        else if (chosen.empty())
+            throw CLI::RequiredError::Subcommand(1);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kUsageError;
     }

@@ -11,7 +11,7 @@
 namespace zyvo {
 
 struct CommandLine {
-    enum class Action { Run, Python, Export, Text };
+    enum class Action { Run, Python, Export, Text, ListFonts };
 
     HostOptions host;
     Action action = Action::Run;

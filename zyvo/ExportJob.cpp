@@ -51,15 +51,33 @@ std::optional<long> wholeFrame(std::optional<double> frame) {
     return static_cast<long>(*frame);
 }
 
+// The files each output names at `frame`, or the outputs as given.
+std::vector<std::string> filesAt(const ExportRequest& request, std::optional<long> frame) {
+    std::vector<std::string> files;
+    for (const std::string& output : request.outputs)
+        files.push_back(frame ? FramePattern(output).forFrame(*frame) : output);
+    return files;
+}
+
 ZStatus exportFrame(const ExportRequest& request, std::optional<long> frame) {
     oz::exporter::ExportScene scene;
     if (const ZStatus status = gatherMesh(request.node, scene); !status)
         return status;
-    for (const std::string& output : request.outputs) {
-        const std::string file = frame ? FramePattern(output).forFrame(*frame) : output;
+    for (const std::string& file : filesAt(request, frame))
         if (const ZStatus status = writeMesh(scene, file, request.previewSize); !status)
             return status;
-    }
+    return ZStatus::kSuccess;
+}
+
+// Patterns of different widths name the same file only once the numbers
+// outgrow the narrower one, so the last frame is checked as well as the first.
+ZStatus checkDistinctOutputs(const ExportRequest& request) {
+    std::vector<std::optional<long>> frames{wholeFrame(request.frame)};
+    if (request.frames)
+        frames = {request.frames->first, (*request.frames)[request.frames->count() - 1]};
+    for (const std::optional<long>& frame : frames)
+        if (const ZStatus status = checkDistinctFiles(filesAt(request, frame)); !status)
+            return status;
     return ZStatus::kSuccess;
 }
 
@@ -71,19 +89,24 @@ ZStatus checkExportRequest(const ExportRequest& request) {
             reportError("Cannot export to " + output + ": use .obj, .stl, .glb or .png");
             return ZStatus::kInvalidParameter;
         }
-        const bool pattern = FramePattern(output).hasPattern();
-        if (request.frames && request.frames->count() > 1 && !pattern) {
+        const FramePattern pattern(output);
+        if (pattern.tooWide()) {
+            reportError("The frame number pattern in " + output + " is too wide: pad to at most " +
+                        std::to_string(kMaxPatternWidth) + " digits");
+            return ZStatus::kInvalidParameter;
+        }
+        if (request.frames && request.frames->count() > 1 && !pattern.hasPattern()) {
             reportError("Several frames need a frame number pattern in " + output +
                         " (such as out.####.glb or out.%04d.glb)");
             return ZStatus::kInvalidParameter;
         }
-        if (pattern && !request.frames && !wholeFrame(request.frame)) {
+        if (pattern.hasPattern() && !request.frames && !wholeFrame(request.frame)) {
             reportError("The frame number pattern in " + output +
                         " needs a whole frame (--frame or --frames)");
             return ZStatus::kInvalidParameter;
         }
     }
-    return ZStatus::kSuccess;
+    return checkDistinctOutputs(request);
 }
 
 ZStatus runExport(const ExportRequest& request, Host& host) {
@@ -95,8 +118,8 @@ ZStatus runExport(const ExportRequest& request, Host& host) {
         const std::optional<long> frame = wholeFrame(request.frame);
         const ZStatus status = exportFrame(request, frame);
         if (status)
-            for (const std::string& output : request.outputs)
-                host.info("Wrote " + (frame ? FramePattern(output).forFrame(*frame) : output));
+            for (const std::string& file : filesAt(request, frame))
+                host.info("Wrote " + file);
         return status;
     }
     const FrameRange& frames = *request.frames;

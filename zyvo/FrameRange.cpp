@@ -1,8 +1,8 @@
 #include "FrameRange.h"
 
+#include <algorithm>
 #include <charconv>
-#include <cstdlib>
-#include <regex>
+#include <vector>
 
 namespace zyvo {
 
@@ -20,32 +20,58 @@ std::optional<long> parseFrame(const std::string& text) {
 } // namespace
 
 std::optional<FrameRange> parseFrameRange(const std::string& text) {
-    static const std::regex form(R"((-?\d+):(-?\d+)(?::(\d+))?)");
-    std::smatch match;
-    if (!std::regex_match(text, match, form))
+    std::vector<std::optional<long>> parts;
+    for (std::size_t at = 0; at <= text.size() && parts.size() <= 3;) {
+        const std::size_t colon = std::min(text.find(':', at), text.size());
+        parts.push_back(parseFrame(text.substr(at, colon - at)));
+        at = colon + 1;
+    }
+    if (parts.size() < 2 || parts.size() > 3 ||
+        std::any_of(parts.begin(), parts.end(), [](const auto& part) { return !part; }))
         return std::nullopt;
-    const auto first = parseFrame(match[1]);
-    const auto last = parseFrame(match[2]);
-    const auto step = match[3].matched ? parseFrame(match[3]) : std::optional<long>(1);
-    if (!first || !last || !step || *first > *last || *step <= 0)
+    const long first = *parts[0], last = *parts[1], step = parts.size() == 3 ? *parts[2] : 1;
+    if (first > last || step <= 0)
         return std::nullopt;
-    return FrameRange{*first, *last, *step};
+    return FrameRange{first, last, step};
 }
 
 FramePattern::FramePattern(std::string path) {
     // The last pattern in the name is the frame number, so folders with '#'
-    // or '%' in their names stay as they are.
-    static const std::regex pattern(R"((#+|%(0?\d+)?d)(?!.*(#|%0?\d*d)))");
-    std::smatch match;
-    if (!std::regex_search(path, match, pattern)) {
+    // or '%' in their names stay as they are. A plain scan: names can be as
+    // long as the command line allows.
+    std::size_t begin = std::string::npos, end = 0;
+    for (std::size_t at = 0; at < path.size();) {
+        if (path[at] == '#') {
+            const std::size_t after = std::min(path.find_first_not_of('#', at), path.size());
+            begin = at;
+            end = after;
+            m_width = static_cast<int>(std::min<std::size_t>(after - at, kMaxPatternWidth + 1));
+            at = after;
+        } else if (path[at] == '%') {
+            const std::size_t digits = at + 1;
+            const std::size_t letter = std::min(path.find_first_not_of("0123456789", digits), path.size());
+            if (letter == path.size() || path[letter] != 'd') {
+                ++at;
+                continue;
+            }
+            begin = at;
+            end = letter + 1;
+            m_width = 0;
+            // Any width past the limit counts as too wide, however many digits it has.
+            const auto read = std::from_chars(path.data() + digits, path.data() + letter, m_width);
+            if (letter > digits && (read.ec != std::errc() || m_width > kMaxPatternWidth))
+                m_width = kMaxPatternWidth + 1;
+            at = end;
+        } else {
+            ++at;
+        }
+    }
+    if (begin == std::string::npos) {
         m_prefix = std::move(path);
         return;
     }
-    const std::string found = match[1];
-    m_width = found[0] == '#' ? static_cast<int>(found.size())
-                              : (match[2].matched ? std::atoi(match[2].str().c_str()) : 0);
-    m_prefix = match.prefix();
-    m_suffix = match.suffix();
+    m_prefix = path.substr(0, begin);
+    m_suffix = path.substr(end);
 }
 
 std::string FramePattern::forFrame(long frame) const {

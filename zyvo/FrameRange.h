@@ -18,6 +18,9 @@ struct FrameRange {
 
 // Frames further from 0 than this are refused, so that ranges cannot overflow.
 inline constexpr long kFrameLimit = 1000000000;
+// A frame number pattern may pad to the digits of the largest frame, no wider:
+// a name is built for every frame written.
+inline constexpr int kMaxPatternWidth = 10;
 
 // "A:B" or "A:B:STEP", whole frames within the limit, A <= B, STEP > 0;
 // nothing for anything else.
@@ -30,7 +33,10 @@ public:
     explicit FramePattern(std::string path);
 
     bool hasPattern() const { return m_width >= 0; }
-    // The name for `frame`; the name itself when it has no pattern.
+    // Wider than kMaxPatternWidth; such a pattern makes no names.
+    bool tooWide() const { return m_width > kMaxPatternWidth; }
+    // The name for `frame`; the name itself when it has no pattern. Not for
+    // a pattern that is too wide.
     std::string forFrame(long frame) const;
 
 private:

@@ -8,6 +8,9 @@
 #include "nodes/ExportCollector.h"
 
 #include <OpenZyvo/ZGlobal.h>
+#include <algorithm>
+#include <cctype>
+#include <map>
 
 namespace zyvo {
 
@@ -17,10 +20,27 @@ void reportError(const std::string& text) {
     ZGlobal::displayError(ZString(text));
 }
 
+// The same file however it is spelled: through "..", links or from the
+// current folder.
+std::filesystem::path resolved(const std::filesystem::path& file) {
+    std::error_code error;
+    std::filesystem::path path = std::filesystem::weakly_canonical(file, error);
+    return error ? std::filesystem::absolute(file, error).lexically_normal() : path;
+}
+
+// What writing `file` makes: an OBJ file has its material library beside it.
+std::vector<std::filesystem::path> filesWritten(const std::filesystem::path& file) {
+    if (exportFormatOf(file) == ExportFormat::Obj)
+        return {file, std::filesystem::path(file).replace_extension(".mtl")};
+    return {file};
+}
+
 } // namespace
 
 std::optional<ExportFormat> exportFormatOf(const std::filesystem::path& file) {
-    const std::string extension = file.extension().string();
+    std::string extension = file.extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     if (extension == ".obj")
         return ExportFormat::Obj;
     if (extension == ".stl")
@@ -30,6 +50,23 @@ std::optional<ExportFormat> exportFormatOf(const std::filesystem::path& file) {
     if (extension == ".png")
         return ExportFormat::Png;
     return std::nullopt;
+}
+
+ZStatus checkDistinctFiles(const std::vector<std::string>& files) {
+    std::map<std::filesystem::path, std::string> writers; // each file written, by the output that writes it
+    for (const std::string& file : files) {
+        for (const std::filesystem::path& written : filesWritten(file)) {
+            const auto [earlier, added] = writers.try_emplace(resolved(written), file);
+            if (added)
+                continue;
+            reportError(resolved(file) == resolved(earlier->second)
+                            ? "The output " + file + " is given twice; each output must be a file of its own"
+                            : "The outputs " + earlier->second + " and " + file + " would both write " +
+                                  written.string() + "; each output must be a file of its own");
+            return ZStatus::kInvalidParameter;
+        }
+    }
+    return ZStatus::kSuccess;
 }
 
 ZStatus gatherMesh(const std::string& node, oz::exporter::ExportScene& scene) {

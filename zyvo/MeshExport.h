@@ -6,13 +6,19 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zyvo {
 
 enum class ExportFormat { Obj, Stl, Glb, Png };
 
-// From the extension (.obj, .stl, .glb, .png); nothing for others.
+// From the extension (.obj, .stl, .glb, .png, in any case); nothing for others.
 std::optional<ExportFormat> exportFormatOf(const std::filesystem::path& file);
+
+// Refuses, with an error, files of which one would overwrite what an earlier
+// one writes: the same path, however spelled, or the material library of an
+// OBJ file.
+ZStatus checkDistinctFiles(const std::vector<std::string>& files);
 
 struct PreviewSize {
     int width = 1024;

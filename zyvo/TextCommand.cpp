@@ -1,10 +1,13 @@
 #include "TextCommand.h"
 
+#include "FontChoice.h"
 #include "Host.h"
+#include "NumberOption.h"
 #include "plugins/PluginRegistry.h"
 
 #include <CLI/CLI.hpp>
 #include <OpenZyvo/ZFnDependencyNode.h>
+#include <OpenZyvo/ZFnStringArrayData.h>
 #include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZSelectionList.h>
@@ -29,6 +32,15 @@ constexpr char kFlatShape[] = "flatTextShape";
 // a complaint about a missing font.
 constexpr char kDefaultFont[] = "Liberation Serif";
 constexpr char kDefaultStyle[] = "Italic";
+
+// What the options accept: sizes a scene can hold, spacings and scales well
+// past any layout a user asks for, the node's own curve resolutions.
+constexpr double kMinSize = 0.001;
+constexpr double kMaxSize = 100000;
+constexpr double kMinTracking = -100; // letters on top of each other
+constexpr double kMaxTracking = 1000;
+constexpr double kMaxScale = 100; // kerning, leading and space width, either sign
+constexpr long kMaxCurveResolution = 100;
 
 // The values of the type node's "alignmentMode".
 const std::map<std::string, short> kAlignments{{"left", 1}, {"centre", 2}, {"center", 2}, {"right", 3}};
@@ -55,6 +67,8 @@ bool hasFormat(const std::string& file, std::initializer_list<ExportFormat> form
 }
 
 ZStatus checkFiles(const TextRequest& request) {
+    if (const ZStatus status = checkDistinctFiles(request.outputs); !status)
+        return status;
     for (const std::string& output : request.outputs) {
         if (!hasFormat(output, {ExportFormat::Obj, ExportFormat::Stl, ExportFormat::Glb})) {
             reportError("Cannot write the text to " + output + ": use .obj, .stl or .glb");
@@ -129,8 +143,9 @@ ZStatus applySettings(const TextRequest& request, const ZObject& typeNode) {
     TypeSettings settings(typeNode);
     if (request.text)
         settings.set("textInput", ZString(hexText(*request.text)));
-    settings.set("currentFont", ZString(request.font));
-    settings.set("currentStyle", ZString(request.style));
+    settings.set("currentFont", ZString(request.font.value_or(kDefaultFont)));
+    // A family of the user's without a style starts on none; chooseFace picks its regular one.
+    settings.set("currentStyle", ZString(request.style.value_or(request.font ? "" : kDefaultStyle)));
     settings.set("fontSize", asFloat(request.size));
     settings.set("tracking", asFloat(request.tracking));
     settings.set("kerningScale", asFloat(request.kerning));
@@ -139,6 +154,60 @@ ZStatus applySettings(const TextRequest& request, const ZObject& typeNode) {
     if (request.alignment)
         settings.set("alignmentMode", kAlignments.at(*request.alignment));
     settings.set("curveResolution", request.curveResolution);
+    return settings.status();
+}
+
+// The catalogue the type node publishes after its first scan, as family,
+// style, family, style, …; reading it brings the node up to date.
+ZStatus readCatalogue(const ZObject& typeNode, std::vector<FontFamily>& families) {
+    ZStatus status;
+    const ZPlug plug = ZFnDependencyNode(typeNode).findPlug("fontStyleList", true, &status);
+    ZObject data;
+    if (status)
+        status = plug.getValue(data);
+    ZStringArray pairs;
+    if (status)
+        status = ZFnStringArrayData(data, &status).copyTo(pairs);
+    if (!status) {
+        reportError("Cannot read the Type plug-in's font catalogue: " + status.errorString().asStdString());
+        return status;
+    }
+    std::vector<std::string> names;
+    for (unsigned int i = 0; i < pairs.length(); ++i)
+        names.push_back(pairs[i].asStdString());
+    families = fontFamilies(names);
+    return ZStatus::kSuccess;
+}
+
+std::string joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+// Looks the font up the way the node will and settles the style, so that a
+// family named without a style, or with one it lacks, gives its regular
+// face rather than whichever face the node finds first. A family the node
+// does not have is left to the node, which reports it.
+ZStatus chooseFace(const TextRequest& request, const ZObject& typeNode) {
+    if (!request.font && !request.style)
+        return ZStatus::kSuccess;
+    std::vector<FontFamily> families;
+    if (const ZStatus status = readCatalogue(typeNode, families); !status)
+        return status;
+    const FontFamily* family = findFamily(families, request.font.value_or(kDefaultFont));
+    if (!family)
+        return ZStatus::kSuccess;
+    const StyleChoice choice = chooseStyle(*family, request.style);
+    if (choice.unknown)
+        ZGlobal::displayWarning(ZString("The font family \"" + family->name + "\" has no style \"" +
+                                        *request.style + "\"; its styles are " + joined(family->styles) +
+                                        ". Using " + choice.style + "."));
+    if (choice.style == request.style.value_or(""))
+        return ZStatus::kSuccess;
+    TypeSettings settings(typeNode);
+    settings.set("currentStyle", ZString(choice.style));
     return settings.status();
 }
 
@@ -168,27 +237,44 @@ void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> c
     CLI::App* text =
         app.add_subcommand("text", "Lay out a text with the Type plug-in and write its flat mesh");
     text->add_option("string", request.text, "The text (default: the type node's own, \"3D Type\")");
-    text->add_option("--font", request.font, "Font family")->default_val(kDefaultFont)->type_name("FAMILY");
-    text->add_option("--style", request.style, "Font style")->default_val(kDefaultStyle)->type_name("STYLE");
+    text->add_option("--font", request.font,
+                     std::string("Font family (default: ") + kDefaultFont + " " + kDefaultStyle + ")")
+        ->type_name("FAMILY");
+    text->add_option("--style", request.style,
+                     "Font style (default: the family's Regular, Book, Roman or Normal face)")
+        ->type_name("STYLE");
     text->add_option("--size", request.size, "Height of a line in scene units")
-        ->check(CLI::PositiveNumber)
+        ->check(numberFrom(kMinSize, kMaxSize))
         ->type_name("S");
-    text->add_option("--tracking", request.tracking, "Letter spacing, in percent above 100")->type_name("T");
-    text->add_option("--kerning", request.kerning, "Scale of the horizontal glyph positions")->type_name("K");
-    text->add_option("--leading", request.leading, "Scale of the line height")->type_name("L");
-    text->add_option("--space-width", request.spaceWidth, "Scale of the width of a space")->type_name("W");
+    text->add_option("--tracking", request.tracking, "Letter spacing, in percent above 100")
+        ->check(numberFrom(kMinTracking, kMaxTracking))
+        ->type_name("T");
+    const CLI::Validator scale = numberFrom(-kMaxScale, kMaxScale);
+    text->add_option("--kerning", request.kerning, "Scale of the horizontal glyph positions")
+        ->check(scale)
+        ->type_name("K");
+    text->add_option("--leading", request.leading, "Scale of the line height")->check(scale)->type_name("L");
+    text->add_option("--space-width", request.spaceWidth, "Scale of the width of a space")
+        ->check(scale)
+        ->type_name("W");
     text->add_option("--align", request.alignment, "Alignment of the lines")
         ->transform(CLI::IsMember(kAlignments, CLI::ignore_case).description(""))
         ->type_name("left|centre|right");
     text->add_option("--curve-resolution", request.curveResolution, "Straight segments per curve")
-        ->check(CLI::Range(1, 100))
+        ->check(wholeNumberFrom(1, kMaxCurveResolution))
         ->type_name("N");
+    // One file per flag, so that the text after "-o a.obj" stays the text.
     text->add_option("-o,--output", request.outputs,
-                     "A file to write the mesh to (.obj, .stl, .glb); repeatable")
-        ->required()
+                     "A file to write the mesh to (.obj, .stl, .glb); repeat for more")
+        ->allow_extra_args(false)
         ->type_name("FILE");
     text->add_option("--preview", request.preview, "Also render a PNG preview")->type_name("FILE.png");
-    text->callback(std::move(chosen));
+    text->add_flag("--list-fonts", request.listFonts, "List the font families and styles instead");
+    text->callback([&request, chosen = std::move(chosen)] {
+        if (!request.listFonts && request.outputs.empty())
+            throw CLI::RequiredError("--output");
+        chosen();
+    });
 }
 
 ZStatus runText(const TextRequest& request, Host& host) {
@@ -201,6 +287,8 @@ ZStatus runText(const TextRequest& request, Host& host) {
     if (const ZStatus status = createTextObject(typeNode, typeName); !status)
         return status;
     if (const ZStatus status = applySettings(request, typeNode); !status)
+        return status;
+    if (const ZStatus status = chooseFace(request, typeNode); !status)
         return status;
     if (const ZStatus status = checkSomethingDrawn(typeNode, request); !status)
         return status;
@@ -218,6 +306,27 @@ ZStatus runText(const TextRequest& request, Host& host) {
             return status;
         host.info("Wrote " + file);
     }
+    return ZStatus::kSuccess;
+}
+
+ZStatus listFonts() {
+    if (const ZStatus status = loadTypePlugin(); !status)
+        return status;
+    ZObject typeNode;
+    ZString typeName;
+    if (const ZStatus status = createTextObject(typeNode, typeName); !status)
+        return status;
+    // The node scans with a font of its own set, so that it reports nothing missing.
+    TypeSettings settings(typeNode);
+    settings.set("currentFont", ZString(kDefaultFont));
+    settings.set("currentStyle", ZString(kDefaultStyle));
+    if (!settings.status())
+        return settings.status();
+    std::vector<FontFamily> families;
+    if (const ZStatus status = readCatalogue(typeNode, families); !status)
+        return status;
+    for (const FontFamily& family : families)
+        std::printf("%s: %s\n", family.name.c_str(), joined(family.styles).c_str());
     return ZStatus::kSuccess;
 }
 

@@ -20,8 +20,10 @@ class Host;
 struct TextRequest {
     // The type node's own text, "3D Type", when not given.
     std::optional<std::string> text;
-    std::string font;
-    std::string style;
+    // The default font, Liberation Serif Italic, when neither is given; a
+    // family without a style gets its regular face.
+    std::optional<std::string> font;
+    std::optional<std::string> style;
     std::optional<double> size;
     std::optional<double> tracking;
     std::optional<double> kerning;
@@ -33,6 +35,7 @@ struct TextRequest {
     std::vector<std::string> outputs; // .obj, .stl, .glb
     std::string preview;              // .png
     PreviewSize previewSize;
+    bool listFonts = false; // list the catalogue instead
 };
 
 // Adds the "text" subcommand; `chosen` runs once the user picked it.
@@ -42,5 +45,9 @@ void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> c
 // procedure, sets the request's settings on its type node, and writes the
 // type node's flat text mesh through a mesh shape of its own.
 ZStatus runText(const TextRequest& request, Host& host);
+
+// Prints the font families and their styles as the Type plug-in's type node
+// finds them, one family a line.
+ZStatus listFonts();
 
 } // namespace zyvo

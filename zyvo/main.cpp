@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 #include "ExportJob.h"
 #include "Host.h"
+#include "ProcessEnvironment.h"
 #include "ScriptRunner.h"
 
 #include <OpenZyvo/ZGlobal.h>
@@ -28,6 +29,8 @@ ZStatus perform(const zyvo::CommandLine& line, zyvo::Host& host) {
         return zyvo::runExport(line.exportRequest, host);
     case Action::Text:
         return zyvo::runText(line.textRequest, host);
+    case Action::ListFonts:
+        return zyvo::listFonts();
     }
     return ZStatus::kFailure;
 }
@@ -38,6 +41,7 @@ int main(int argc, char** argv) {
     zyvo::CommandLine line;
     if (const auto done = zyvo::parseCommandLine(argc, argv, line))
         return *done;
+    zyvo::prepareProcess(line.host.verbose);
     zyvo::Host host(line.host);
     ZStatus status = host.loadPlugins();
     if (status)

@@ -33,7 +33,7 @@ TEST(CommandLine, UsageErrorsExplainThemselves) {
     };
     const std::vector<Case> cases{
         {{}, "subcommand"},
-        {{"frobnicate"}, "subcommand"},
+        {{"frobnicate"}, "frobnicate"},
         {{"run", "/nowhere/script.zys"}, "/nowhere/script.zys"},
         {{"run"}, "file"},
         {{"python"}, "give -c CODE or a FILE"},
@@ -49,6 +49,29 @@ TEST(CommandLine, UsageErrorsExplainThemselves) {
         EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(c.args) << "\n" << result.err;
         EXPECT_TRUE(contains(result.err, c.says)) << testing::PrintToString(c.args) << "\n" << result.err;
     }
+}
+
+TEST(CommandLine, PreviewSizesHaveTheRenderersLimitStatedOnce) {
+    const std::string help = runZyvo({"export", "--help"}).out;
+    EXPECT_TRUE(contains(help, "from 16 to 4096")) << help;
+    EXPECT_FALSE(contains(help, "8192")) << help;
+    for (const char* option : {"--width", "--height"})
+        for (const char* size : {"4097", "8192", "15", "nan", "1e9", "100.5"}) {
+            const ProgramResult result = runZyvo({"export", "plate", "out.png", option, size});
+            EXPECT_EQ(result.exitCode, 2) << option << " " << size << "\n" << result.err;
+            EXPECT_TRUE(contains(result.err, std::string(option) +
+                                                 ": expected a whole number from 16 to 4096, got " + size))
+                << result.err;
+        }
+}
+
+TEST(CommandLine, ListingFontsNeedsNoSubcommandButRefusesOthers) {
+    const ProgramResult withRun = runZyvo({"--list-fonts", "python", "-c", "1"});
+    EXPECT_EQ(withRun.exitCode, 2);
+    EXPECT_TRUE(contains(withRun.err, "--list-fonts")) << withRun.err;
+    const ProgramResult nothing = runZyvo({"-q"});
+    EXPECT_EQ(nothing.exitCode, 2);
+    EXPECT_TRUE(contains(nothing.err, "subcommand")) << nothing.err;
 }
 
 } // namespace

@@ -146,4 +146,51 @@ TEST_F(Export, RefusalsWriteNothing) {
     }
 }
 
+TEST_F(Export, UpperCaseExtensionsAreKnown) {
+    const ProgramResult result = exportPlate({(m_folder / "A.OBJ").string(), (m_folder / "A.Glb").string(),
+                                              (m_folder / "A.STL").string(), "--frame", "1"});
+    ASSERT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(countLines(readFile(m_folder / "A.OBJ"), "f "), 8u);
+    EXPECT_EQ(readFile(m_folder / "A.Glb").substr(0, 4), "glTF");
+    EXPECT_EQ(readFile(m_folder / "A.STL").size(), 84u + 50u * 8u);
+}
+
+TEST_F(Export, FramePatternsTooWideAreRefusedWithoutBuildingTheirNames) {
+    // The last is as long as one word of a command line may be.
+    for (const std::string& pattern :
+         std::vector<std::string>{"f.%999999999d.obj", "f.%99999999999999999999d.obj", "f.###########.obj",
+                                  std::string(100000, '#') + ".obj"}) {
+        const ProgramResult result = exportPlate({(m_folder / pattern).string(), "--frame", "1"});
+        EXPECT_EQ(result.exitCode, 1) << pattern.substr(0, 40) << "\n" << result.err.substr(0, 400);
+        EXPECT_TRUE(contains(result.err, "too wide: pad to at most 10 digits")) << result.err.substr(0, 400);
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(m_folder.path()), fs::directory_iterator()), 1)
+        << "only the scene";
+    const ProgramResult widest = exportPlate({(m_folder / "w.%010d.obj").string(), "--frame", "1"});
+    ASSERT_EQ(widest.exitCode, 0) << widest.err;
+    EXPECT_TRUE(fs::exists(m_folder / "w.0000000001.obj"));
+}
+
+TEST_F(Export, OneFileNamedTwiceIsRefused) {
+    const std::string file = (m_folder / "twice.obj").string();
+    for (const std::vector<std::string>& outputs :
+         {std::vector<std::string>{file, file, "--frame", "1"},
+          {file, (m_folder / "sub/../twice.obj").string(), "--frame", "1"},
+          {(m_folder / "f.#.obj").string(), (m_folder / "f.%d.obj").string(), "--frames", "1:2"},
+          // The patterns differ until the frame numbers outgrow the narrower one.
+          {(m_folder / "g.#.obj").string(), (m_folder / "g.##.obj").string(), "--frames", "8:10"}}) {
+        const ProgramResult result = exportPlate(outputs);
+        EXPECT_EQ(result.exitCode, 1) << testing::PrintToString(outputs) << "\n" << result.err;
+        EXPECT_TRUE(contains(result.err, "is given twice")) << result.err;
+    }
+    // Each OBJ file has its material library beside it.
+    const ProgramResult library =
+        exportPlate({(m_folder / "lib.obj").string(), (m_folder / "lib.OBJ").string(), "--frame", "1"});
+    EXPECT_EQ(library.exitCode, 1);
+    EXPECT_TRUE(contains(library.err, "would both write " + (m_folder / "lib.mtl").string())) << library.err;
+    for (const char* never :
+         {"twice.obj", "f.1.obj", "g.8.obj", "g.08.obj", "g.10.obj", "lib.obj", "lib.mtl"})
+        EXPECT_FALSE(fs::exists(m_folder / never)) << never;
+}
+
 } // namespace

@@ -36,4 +36,25 @@ TEST(FrameRange, PatternsFillTheLastFrameNumber) {
     EXPECT_EQ(FramePattern("out.glb").forFrame(3), "out.glb");
 }
 
+TEST(FrameRange, PatternsWiderThanAnyFrameAreTooWide) {
+    EXPECT_FALSE(FramePattern("f.%010d.obj").tooWide());
+    EXPECT_EQ(FramePattern("f.%010d.obj").forFrame(-3), "f.-0000000003.obj");
+    EXPECT_FALSE(FramePattern("f.##########.obj").tooWide());
+    for (const char* wide :
+         {"f.%999999999d.obj", "f.%011d.obj", "f.%99999999999999999999999d.obj", "f.###########.obj"})
+        EXPECT_TRUE(FramePattern(wide).tooWide()) << wide;
+}
+
+// Names and ranges come from the command line, which holds up to 128 KiB a word.
+TEST(FrameRange, LongNamesAndRangesAreReadWithoutOverflowingTheStack) {
+    const std::string hashes(100000, '#');
+    EXPECT_TRUE(FramePattern("out." + hashes + ".obj").tooWide());
+    const FramePattern percent(std::string(100000, '%') + "d.obj");
+    EXPECT_EQ(percent.forFrame(5), std::string(99999, '%') + "5.obj");
+    EXPECT_EQ(FramePattern("take" + std::string(100000, 'x') + "##.obj").forFrame(5),
+              "take" + std::string(100000, 'x') + "05.obj");
+    EXPECT_FALSE(parseFrameRange(std::string(100000, '1') + ":2"));
+    EXPECT_FALSE(parseFrameRange(std::string(100000, ':')));
+}
+
 } // namespace

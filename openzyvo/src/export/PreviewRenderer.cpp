@@ -14,8 +14,6 @@ namespace oz::exporter {
 namespace {
 
 constexpr int kSupersampling = 2; // OSMesa has no multisampling: render larger, then average
-constexpr int kMinSize = 16;
-constexpr int kMaxSize = 4096;
 
 // Directions point from the framed bounds toward the camera; y is up.
 constexpr Float3 kThreeQuarterView{0.64f, 0.5f, 0.77f};
@@ -125,13 +123,13 @@ PreviewImage downsample(const std::vector<std::uint8_t>& rgba, int width, int he
 } // namespace
 
 ExportStatus renderPreview(const ExportScene& scene, const PreviewOptions& options, PreviewImage& image) {
-    if (options.width < kMinSize || options.height < kMinSize || options.width > kMaxSize ||
-        options.height > kMaxSize)
+    if (options.width < kMinPreviewSide || options.height < kMinPreviewSide ||
+        options.width > kMaxPreviewSide || options.height > kMaxPreviewSide)
         return ExportStatus::failure(ExportCode::kInvalidOptions,
                                      "preview size " + std::to_string(options.width) + "x" +
                                          std::to_string(options.height) + " is outside " +
-                                         std::to_string(kMinSize) + " to " + std::to_string(kMaxSize) +
-                                         " pixels per side");
+                                         std::to_string(kMinPreviewSide) + " to " +
+                                         std::to_string(kMaxPreviewSide) + " pixels per side");
     if (ExportStatus status = validateScene(scene); !status)
         return status;
     const CornerArrays arrays = cornerArrays(scene);

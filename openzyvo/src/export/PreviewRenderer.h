@@ -8,6 +8,10 @@
 
 namespace oz::exporter {
 
+// The sides a preview may have, in pixels; the renderer refuses others.
+inline constexpr int kMinPreviewSide = 16;
+inline constexpr int kMaxPreviewSide = 4096;
+
 struct PreviewOptions {
     int width = 1024; // both panels together
     int height = 512;

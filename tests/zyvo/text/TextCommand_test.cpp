@@ -13,6 +13,7 @@
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 struct ObjMesh {
     std::vector<std::array<double, 3>> vertices;
@@ -162,6 +163,148 @@ TEST(TextCommand, BadRequestsAreExplained) {
     EXPECT_EQ(blank.exitCode, 1);
     EXPECT_THAT(blank.err, HasSubstr("has no visible character"));
     EXPECT_FALSE(std::filesystem::exists(folder / "blank.obj"));
+}
+
+// The same mesh, vertex for vertex.
+bool sameMesh(const ObjMesh& a, const ObjMesh& b) {
+    return a.triangles == b.triangles && a.vertices == b.vertices;
+}
+
+TEST(TextCommand, AFamilyWithoutAStyleGetsItsRegularFace) {
+    TempFolder folder;
+    const ProgramResult unstyled = text({"Ag", "--font", "DejaVu Sans", "-o", folder / "unstyled.obj"});
+    ASSERT_EQ(unstyled.exitCode, 0) << unstyled.err;
+    EXPECT_THAT(unstyled.err, Not(HasSubstr("// ")));
+    ASSERT_EQ(text({"Ag", "--font", "DejaVu Sans", "--style", "Book", "-o", folder / "book.obj"}).exitCode,
+              0);
+    ASSERT_EQ(text({"Ag", "--font", "DejaVu Sans", "--style", "Bold", "-o", folder / "bold.obj"}).exitCode,
+              0);
+    const ObjMesh book = readObj(folder / "book.obj");
+    EXPECT_TRUE(sameMesh(readObj(folder / "unstyled.obj"), book));
+    EXPECT_FALSE(sameMesh(readObj(folder / "bold.obj"), book)) << "the styles are told apart";
+}
+
+TEST(TextCommand, AStyleTheFamilyLacksIsAWarningListingItsStyles) {
+    TempFolder folder;
+    ASSERT_EQ(text({"Ag", "--font", "DejaVu Sans", "--style", "Book", "-o", folder / "book.obj"}).exitCode,
+              0);
+    const ObjMesh book = readObj(folder / "book.obj");
+    for (const char* style : {"Regular", "Foo"}) {
+        const std::string file = folder / (std::string(style) + ".obj");
+        const ProgramResult run = text({"Ag", "--font", "DejaVu Sans", "--style", style, "-o", file});
+        EXPECT_EQ(run.exitCode, 0) << run.err;
+        EXPECT_THAT(run.err, HasSubstr("// Warning: The font family \"DejaVu Sans\" has no style \"" +
+                                       std::string(style) + "\"; its styles are "));
+        EXPECT_THAT(run.err, HasSubstr("Bold"));
+        EXPECT_THAT(run.err, HasSubstr("Using Book."));
+        EXPECT_TRUE(sameMesh(readObj(file), book)) << style;
+    }
+    const ProgramResult lowerCase =
+        text({"Ag", "--font", "DejaVu Sans", "--style", "book", "-o", folder / "lower.obj"});
+    EXPECT_THAT(lowerCase.err, Not(HasSubstr("// ")));
+    EXPECT_TRUE(sameMesh(readObj(folder / "lower.obj"), book));
+}
+
+TEST(TextCommand, EachOutputFlagTakesOneFileSoTheTextStaysTheText) {
+    TempFolder folder;
+    const ProgramResult run = text({"--font", "DejaVu Sans", "-o", folder / "after.obj", "Hello"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    ASSERT_EQ(text({"Hello", "--font", "DejaVu Sans", "-o", folder / "before.obj"}).exitCode, 0);
+    EXPECT_TRUE(sameMesh(readObj(folder / "after.obj"), readObj(folder / "before.obj")));
+    EXPECT_EQ(text({"-o", folder / "a.obj", folder / "b.obj", "Hello"}).exitCode, 2)
+        << "two words after -o are no longer two files";
+}
+
+TEST(TextCommand, FontsAreListedFamilyByFamily) {
+    const ProgramResult listed = runZyvo({"--list-fonts"});
+    ASSERT_EQ(listed.exitCode, 0) << listed.err;
+    EXPECT_THAT(listed.err, Not(HasSubstr("// ")));
+    EXPECT_THAT(listed.out, HasSubstr("\nLiberation Serif: "));
+    std::istringstream lines("\n" + listed.out);
+    std::size_t dejaVuSans = 0;
+    for (std::string line; std::getline(lines, line);)
+        if (line.rfind("DejaVu Sans: ", 0) == 0) {
+            ++dejaVuSans;
+            EXPECT_THAT(line, HasSubstr("Book"));
+            EXPECT_THAT(line, HasSubstr("Bold"));
+        }
+    EXPECT_EQ(dejaVuSans, 1u) << "one line a family:\n" << listed.out;
+    const ProgramResult fromText = text({"--list-fonts"});
+    EXPECT_EQ(fromText.exitCode, 0) << fromText.err;
+    EXPECT_EQ(fromText.out, listed.out);
+}
+
+TEST(TextCommand, NumbersAreRefusedWhereTheyEnterNamingTheOption) {
+    TempFolder folder;
+    for (const auto& [option, value] :
+         std::vector<std::pair<std::string, std::string>>{{"--size", "nan"},
+                                                          {"--size", "inf"},
+                                                          {"--size", "1e39"},
+                                                          {"--size", "0"},
+                                                          {"--size", "-3"},
+                                                          {"--kerning", "nan"},
+                                                          {"--kerning", "1e39"},
+                                                          {"--tracking", "-inf"},
+                                                          {"--leading", "nan"},
+                                                          {"--space-width", "1e300"},
+                                                          {"--curve-resolution", "0"},
+                                                          {"--curve-resolution", "2.5"},
+                                                          {"--curve-resolution", "nan"}}) {
+        const ProgramResult run = text({"A", option, value, "-o", folder / "a.obj"});
+        EXPECT_EQ(run.exitCode, 2) << option << " " << value << "\n" << run.err;
+        EXPECT_THAT(run.err, HasSubstr(option + ": expected a "));
+        EXPECT_THAT(run.err, HasSubstr(", got " + value));
+        EXPECT_LT(run.err.size(), 200u) << "a bound a reader can read:\n" << run.err;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.obj"));
+    EXPECT_THAT(text({"A", "--size", "0", "-o", folder / "a.obj"}).err,
+                HasSubstr("--size: expected a number from 0.001 to 100000, got 0"));
+}
+
+TEST(TextCommand, UpperCaseExtensionsAreKnown) {
+    TempFolder folder;
+    const ProgramResult run =
+        text({"A", "-o", folder / "a.OBJ", "-o", folder / "a.Stl", "--preview", folder / "a.PNG"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_GT(readObj(folder / "a.OBJ").triangles, 0u);
+    EXPECT_TRUE(std::filesystem::exists(folder / "a.Stl"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "a.PNG"));
+}
+
+TEST(TextCommand, OneFileNamedTwiceIsRefused) {
+    TempFolder folder;
+    const ProgramResult run = text({"A", "-o", folder / "a.obj", "-o", folder / "sub/../a.obj"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.err, HasSubstr("is given twice"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.obj"));
+}
+
+TEST(TextCommand, LibraryChatterStaysOffTheTerminal) {
+    TempFolder folder;
+    ProgramRun quiet;
+    quiet.args = {"text", "A", "-o", folder / "a.obj"};
+    quiet.environment = {{"XDG_RUNTIME_DIR", ""}, {"TMPDIR", folder.path().string()}};
+    const ProgramResult unset = runProgram(quiet);
+    EXPECT_EQ(unset.exitCode, 0) << unset.err;
+    EXPECT_THAT(unset.err, Not(HasSubstr("QStandardPaths")));
+
+    // A runtime folder of the session's that others may read makes Qt
+    // complain: a diagnostic for --verbose, not for every run.
+    const std::filesystem::path shared = folder / "shared";
+    std::filesystem::create_directory(shared);
+    std::filesystem::permissions(
+        shared, std::filesystem::perms::owner_all | std::filesystem::perms::group_read |
+                    std::filesystem::perms::group_exec | std::filesystem::perms::others_read |
+                    std::filesystem::perms::others_exec);
+    quiet.environment = {{"XDG_RUNTIME_DIR", shared}};
+    const ProgramResult complained = runProgram(quiet);
+    EXPECT_EQ(complained.exitCode, 0) << complained.err;
+    EXPECT_THAT(complained.err, Not(HasSubstr("QStandardPaths")));
+    ProgramRun verbose = quiet;
+    verbose.args.insert(verbose.args.begin(), "--verbose");
+    const ProgramResult shown = runProgram(verbose);
+    EXPECT_EQ(shown.exitCode, 0) << shown.err;
+    EXPECT_THAT(shown.err, HasSubstr("// Debug: QStandardPaths: wrong permissions on runtime directory"));
 }
 
 } // namespace
