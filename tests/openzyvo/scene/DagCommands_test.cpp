@@ -180,3 +180,16 @@ TEST_F(DagCommands, ParentedNodesKeepTheirPlaceThroughSaveAndOpen) {
     ASSERT_TRUE(ZFileIO::open(ZString(path("scene.zya"))));
     EXPECT_EQ(strings("ls -l loose"), Names{"|top|leaf|loose"});
 }
+
+TEST_F(DagCommands, SceneFilesUseTheScriptingCommandsAndTheirErrorsNameTheLine) {
+    write("parented.zya", "createNode transform -n a;\n"
+                          "createNode transform -n b;\n"
+                          "parent -r a b;\n"
+                          "listRelatives -type ghostType ghost;\n");
+    EXPECT_FALSE(ZFileIO::open(ZString(path("parented.zya"))));
+    EXPECT_EQ(strings("ls -l a"), Names{"|b|a"});
+    const Names shown = errors();
+    ASSERT_FALSE(shown.empty());
+    EXPECT_EQ(shown.front(),
+              path("parented.zya") + ": line 4, column 1: listRelatives: No object matches name: ghost");
+}
