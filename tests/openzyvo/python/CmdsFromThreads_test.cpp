@@ -95,4 +95,9 @@ TEST_F(CmdsFromThreads, ExecuteDeferredRunsTheWorkOfOtherThreadsOnTheMainThread)
 
     EXPECT_FALSE(ZGlobal::executePythonCommand("zyvo.executeDeferred(3)"));
     EXPECT_EQ(errors(), std::vector<std::string>{"TypeError: executeDeferred: needs a callable"});
+
+    // A deferred function that fails is reported when it runs.
+    log().clear();
+    python("zyvo.executeDeferred(lambda: 1 / 0)");
+    EXPECT_EQ(errors(), std::vector<std::string>{"ZeroDivisionError: division by zero"});
 }
