@@ -72,6 +72,10 @@ ZStatus NodeType::addAffects(const Attribute* whenChanges, const Attribute* isAf
     return ZStatus::kSuccess;
 }
 
+bool NodeType::isA(const ZString& typeName) const {
+    return name == typeName || std::find(lineage.begin(), lineage.end(), typeName) != lineage.end();
+}
+
 ZStatus NodeType::inherit(const NodeType& parent) {
     for (const auto& root : parent.roots) {
         if (rootIndex.count(root.get()))
@@ -93,6 +97,11 @@ ZStatus NodeType::inherit(const NodeType& parent) {
     for (const Attribute* a : parent.timeDriven)
         if (std::find(timeDriven.begin(), timeDriven.end(), a) == timeDriven.end())
             timeDriven.push_back(a);
+    for (const ZString& ancestor : parent.lineage)
+        if (std::find(lineage.begin(), lineage.end(), ancestor) == lineage.end())
+            lineage.push_back(ancestor);
+    if (std::find(lineage.begin(), lineage.end(), parent.name) == lineage.end())
+        lineage.push_back(parent.name);
     m_targets.clear();
     m_sources.clear();
     ++m_targetsVersion;

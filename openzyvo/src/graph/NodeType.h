@@ -25,6 +25,8 @@ public:
     std::function<ZPxNode*()> creator;
     ZString classification;
     ZString pluginName;
+    // The types this one derives from, the most basic first.
+    std::vector<ZString> lineage;
 
     // Top-level attributes in order; every attribute (children after their
     // parent) in order.
@@ -38,6 +40,8 @@ public:
     unsigned int liveInstances = 0;
 
     bool hasFn(ZFn::Type type) const;
+    // Whether this is the type `typeName` or derives from it.
+    bool isA(const ZString& typeName) const;
     bool hasAttribute(const Attribute* attribute) const;
     const Attribute* findAttribute(const ZString& name) const;
 

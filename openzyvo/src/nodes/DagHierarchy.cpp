@@ -104,4 +104,23 @@ ZStatus reparent(Node& child, Node* parent) {
     return status;
 }
 
+std::size_t siblingIndex(const Node& node) {
+    if (!node.dagParent)
+        return 0;
+    const auto& siblings = node.dagParent->dagChildren;
+    return static_cast<std::size_t>(std::find(siblings.begin(), siblings.end(), &node) - siblings.begin());
+}
+
+void moveAmongSiblings(Node& node, std::size_t index) {
+    if (!node.dagParent)
+        return;
+    auto& siblings = node.dagParent->dagChildren;
+    const auto from = std::find(siblings.begin(), siblings.end(), &node);
+    if (from == siblings.end())
+        return;
+    siblings.erase(from);
+    siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(std::min(index, siblings.size())), &node);
+    Graph::instance().touch(true);
+}
+
 } // namespace oz::nodes

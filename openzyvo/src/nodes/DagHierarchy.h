@@ -3,6 +3,7 @@
 #include <OpenZyvo/ZMatrix.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
+#include <cstddef>
 #include <vector>
 
 namespace oz {
@@ -39,5 +40,9 @@ void dirtyWorldMatrix(Node& node);
 // Moves `child` under `parent` (to the top of the DAG when null). Fails for nodes outside the DAG
 // and for moves that would make a node its own ancestor.
 ZStatus reparent(Node& child, Node* parent);
+// Where `node` stands among its parent's children (0 at the top of the DAG), and a move to another
+// place there (the last when `index` is beyond them), so that undoing a move restores the order.
+std::size_t siblingIndex(const Node& node);
+void moveAmongSiblings(Node& node, std::size_t index);
 
 } // namespace oz::nodes

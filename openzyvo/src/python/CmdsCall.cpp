@@ -5,7 +5,11 @@
 #include "commands/Executor.h"
 #include "commands/MessageLog.h"
 #include "commands/SyntaxData.h"
+#include "python/PythonError.h"
+#include "python/PythonRuntime.h"
 #include "python/ValueConversion.h"
+
+#include <optional>
 
 namespace py = pybind11;
 
@@ -63,8 +67,10 @@ private:
                 m_items.push_back(cmd::ArgItem::flag(name));
             return;
         }
+        // A list gives a multi-use flag one use per item when the items are
+        // themselves lists, or when the flag takes one argument.
         if (definition && definition->multiUse && py::isinstance<py::list>(value) && py::len(value) != 0 &&
-            isSequence(value.cast<py::list>()[0])) {
+            (isSequence(value.cast<py::list>()[0]) || definition->argTypes.size() == 1)) {
             for (const py::handle use : value) {
                 m_items.push_back(cmd::ArgItem::flag(name));
                 spread(use);
@@ -90,19 +96,27 @@ private:
     std::vector<cmd::ArgItem> m_items;
 };
 
-std::string lastErrorSince(std::size_t errorsBefore, const std::string& command) {
+// The error the command showed, if it showed one.
+std::optional<std::string> errorShownSince(std::size_t errorsBefore) {
     cmd::MessageLog& log = cmd::MessageLog::instance();
-    if (log.errorCount() != errorsBefore) {
-        const auto errors = log.texts(cmd::MessageLog::Kind::Error);
-        if (!errors.empty())
-            return errors.back();
-    }
-    return command + " failed";
+    if (log.errorCount() == errorsBefore)
+        return std::nullopt;
+    const auto errors = log.texts(cmd::MessageLog::Kind::Error);
+    if (errors.empty())
+        return std::nullopt;
+    return errors.back();
 }
 
 } // namespace
 
+void requireMainThread(const std::string& name) {
+    if (!onMainThread())
+        throw std::runtime_error(name + ": commands run on the main thread only; from another thread, "
+                                        "queue the work with zyvo.executeDeferred(function)");
+}
+
 py::object callCommand(const std::string& name, py::args args, py::kwargs kwargs) {
+    requireMainThread(name);
     const auto info = cmd::CommandRegistry::instance().find(name);
     if (!info)
         throw py::attribute_error("no command named '" + name + "'");
@@ -121,8 +135,11 @@ py::object callCommand(const std::string& name, py::args args, py::kwargs kwargs
         errorsBefore = cmd::MessageLog::instance().errorCount();
         status = cmd::Executor::invoke(name, items, result);
     }
-    if (!status)
-        throw std::runtime_error(lastErrorSince(errorsBefore, name));
+    if (!status) {
+        if (const auto shown = errorShownSince(errorsBefore))
+            raiseShownError(*shown);
+        throw std::runtime_error(name + " failed");
+    }
     return toPython(result);
 }
 

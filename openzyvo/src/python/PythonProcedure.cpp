@@ -1,6 +1,7 @@
 #include "python/PythonProcedure.h"
 
 #include "commands/MessageLog.h"
+#include "python/CallableHolder.h"
 #include "python/PythonError.h"
 #include "python/PythonRuntime.h"
 #include "python/ValueConversion.h"
@@ -12,29 +13,6 @@ namespace py = pybind11;
 namespace oz::python {
 
 namespace {
-
-// Owns one reference to the callable. Procedures are released wherever the
-// registry drops them, so the release takes the interpreter lock itself, and
-// leaks the reference once the interpreter has ended.
-class CallableHolder {
-public:
-    explicit CallableHolder(py::object callable)
-        : m_callable(callable.release().ptr()) {}
-    ~CallableHolder() {
-        if (!isInitialized())
-            return;
-        const PyGILState_STATE gil = PyGILState_Ensure();
-        Py_DECREF(m_callable);
-        PyGILState_Release(gil);
-    }
-    CallableHolder(const CallableHolder&) = delete;
-    CallableHolder& operator=(const CallableHolder&) = delete;
-
-    py::handle callable() const { return m_callable; }
-
-private:
-    PyObject* m_callable;
-};
 
 void reportError(const std::string& text) {
     cmd::MessageLog::instance().add(cmd::MessageLog::Kind::Error, text);

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <mutex>
 #include <pybind11/embed.h>
+#include <thread>
 #include <vector>
 
 namespace py = pybind11;
@@ -20,6 +21,7 @@ struct Runtime {
     std::mutex mutex;
     State state = State::NotStarted;
     PyThreadState* mainThread = nullptr;
+    std::thread::id mainThreadId;
     std::vector<std::string> pendingFolders;
 };
 
@@ -82,6 +84,7 @@ ZStatus initialize() {
     }
     state.pendingFolders.clear();
     state.mainThread = PyEval_SaveThread();
+    state.mainThreadId = std::this_thread::get_id();
     state.state = State::Running;
     return ZStatus::kSuccess;
 }
@@ -90,6 +93,12 @@ bool isInitialized() {
     Runtime& state = runtime();
     std::lock_guard lock(state.mutex);
     return state.state == State::Running;
+}
+
+bool onMainThread() {
+    Runtime& state = runtime();
+    std::lock_guard lock(state.mutex);
+    return state.state == State::Running && state.mainThreadId == std::this_thread::get_id();
 }
 
 void shutdown() {

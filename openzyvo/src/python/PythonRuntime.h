@@ -12,6 +12,9 @@ namespace oz::python {
 // Fails (and says why in the message log) when the interpreter cannot start.
 ZStatus initialize();
 bool isInitialized();
+// Whether the calling thread is the one that started the interpreter: the
+// host's main thread, the only one that runs commands.
+bool onMainThread();
 // Ends the interpreter; Python calls after it fail. Only the host calls this,
 // once, at exit.
 void shutdown();

@@ -1,8 +1,11 @@
 #include "commands/CommandRegistry.h"
+#include "commands/IdleQueue.h"
 #include "commands/Interpreter.h"
 #include "commands/MessageLog.h"
 #include "commands/ProcedureRegistry.h"
+#include "python/CallableHolder.h"
 #include "python/CmdsCall.h"
+#include "python/PythonError.h"
 #include "python/PythonProcedure.h"
 #include "python/PythonRuntime.h"
 #include "python/ValueConversion.h"
@@ -20,6 +23,7 @@ void display(oz::cmd::MessageLog::Kind kind, const std::string& text) {
 
 // Runs a script of the command language and returns its result.
 py::object evalScript(const std::string& script) {
+    oz::python::requireMainThread("eval");
     const std::size_t errorsBefore = oz::cmd::MessageLog::instance().errorCount();
     oz::cmd::ScriptOutcome outcome;
     {
@@ -28,12 +32,29 @@ py::object evalScript(const std::string& script) {
     }
     if (!outcome.status) {
         const auto errors = oz::cmd::MessageLog::instance().texts(oz::cmd::MessageLog::Kind::Error);
-        throw std::runtime_error(oz::cmd::MessageLog::instance().errorCount() != errorsBefore &&
-                                         !errors.empty()
-                                     ? errors.back()
-                                     : "script failed");
+        if (oz::cmd::MessageLog::instance().errorCount() != errorsBefore && !errors.empty())
+            oz::python::raiseShownError(errors.back());
+        throw std::runtime_error("script failed");
     }
     return oz::python::toPython(outcome.result);
+}
+
+// Any thread may queue a callable; the main thread calls it once the
+// current top-level command has finished, where it may run commands.
+void executeDeferred(py::object callable) {
+    if (!PyCallable_Check(callable.ptr()))
+        throw py::type_error("executeDeferred: needs a callable");
+    auto holder = std::make_shared<oz::python::CallableHolder>(std::move(callable));
+    oz::cmd::IdleQueue::instance().push([holder] {
+        if (!oz::python::isInitialized())
+            return;
+        py::gil_scoped_acquire gil;
+        try {
+            holder->callable()();
+        } catch (py::error_already_set& error) {
+            oz::python::reportException(error);
+        }
+    });
 }
 
 void registerProcedure(const std::string& name, py::object callable) {
@@ -72,6 +93,9 @@ PYBIND11_EMBEDDED_MODULE(zyvo, module) {
 
     module.def("eval", &evalScript, py::arg("script"),
                "Runs a script of the host's command language and returns its result.");
+    module.def("executeDeferred", &executeDeferred, py::arg("function"),
+               "Calls a function on the main thread once the running command has finished; the way "
+               "for other threads to run commands.");
     module.def("registerProcedure", &registerProcedure, py::arg("name"), py::arg("callable"),
                "Makes a callable a script procedure, callable by name from the command language.");
     module.def("deregisterProcedure", &deregisterProcedure, py::arg("name"));

@@ -1,5 +1,7 @@
 #include "commands/BuiltinCommand.h"
+#include "data/Data.h"
 #include "graph/PlugRef.h"
+#include "scene/ArrayData.h"
 #include "scene/AttributeTypeNames.h"
 #include "scene/CommandMessages.h"
 #include "scene/PlugValues.h"
@@ -17,9 +19,28 @@ namespace {
 
 constexpr const char* kName = "getAttr";
 
+// The elements of a multi attribute, the items of array data, 1 for any
+// other plug.
+std::optional<int> sizeOf(const ZPlug& plug, std::string& error) {
+    const PlugRef& ref = *PlugAccess::get(plug);
+    if (isArrayPath(ref.path))
+        return static_cast<int>(plug.evaluateNumElements());
+    if (!holdsArrayData(*ref.leaf()))
+        return 1;
+    ZStatus status;
+    const ZObject object = plug.asZObject(&status);
+    if (!status) {
+        error = quoted(plug.name().asStdString()) + " could not be evaluated";
+        return std::nullopt;
+    }
+    const auto* data = ObjectAccess::as<Data>(object);
+    return data ? static_cast<int>(arrayDataLength(*data).value_or(1)) : 0;
+}
+
 // getAttr [-type] [-size] [-time t] <node.attribute>: the plug's value
-// (evaluated, at time t when given), its type name with -type, or the
-// number of elements of an array with -size.
+// (evaluated, at time t when given), its type name with -type, or with
+// -size the number of elements of a multi attribute or of items of array
+// data (1 for other plugs).
 class GetAttrCommand : public ZPxCommand {
 public:
     static ZSyntax newSyntax() {
@@ -50,11 +71,12 @@ public:
             return ZStatus::kSuccess;
         }
         if (database.isFlagSet("-size")) {
-            if (!isArrayPath(ref.path)) {
-                reportError(kName, quoted(objects[0].asStdString()) + " is not an array");
-                return ZStatus::kInvalidParameter;
+            const std::optional<int> size = sizeOf(plug, error);
+            if (!size) {
+                reportError(kName, error);
+                return ZStatus::kFailure;
             }
-            setResultValue(static_cast<int>(plug.evaluateNumElements()));
+            setResultValue(*size);
             return ZStatus::kSuccess;
         }
         std::optional<ZDGContextGuard> atTime;
