@@ -2,6 +2,7 @@
 
 #include "commands/MessageLog.h"
 #include "plugins/PluginRegistry.h"
+#include "plugins/RuntimeShutdown.h"
 #include "plugins/SearchPaths.h"
 #include "python/PythonRuntime.h"
 
@@ -37,8 +38,16 @@ Host::Host(const HostOptions& options)
 }
 
 Host::~Host() {
+    shutdown();
     flushErrors();
     oz::python::shutdown();
+}
+
+void Host::shutdown() {
+    if (m_shutDown)
+        return;
+    m_shutDown = true;
+    oz::plugins::shutdownRuntime();
 }
 
 ZStatus Host::loadPlugins() {

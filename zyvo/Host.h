@@ -30,6 +30,11 @@ public:
     // first that fails.
     ZStatus loadPlugins();
 
+    // Ends the scene and unloads the plug-ins (see shutdownRuntime); what
+    // fails there counts in the exit code. Done at the latest when the host
+    // goes, before the interpreter stops.
+    void shutdown();
+
     // A note for the user, unless quiet.
     void info(const std::string& text) const;
 
@@ -41,6 +46,7 @@ public:
 private:
     HostOptions m_options;
     std::size_t m_errorsShown = 0;
+    bool m_shutDown = false;
 };
 
 } // namespace zyvo

@@ -46,5 +46,6 @@ int main(int argc, char** argv) {
     ZStatus status = host.loadPlugins();
     if (status)
         status = perform(line, host);
+    host.shutdown();
     return host.exitCode(status);
 }

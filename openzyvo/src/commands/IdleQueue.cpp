@@ -1,6 +1,7 @@
 #include "commands/IdleQueue.h"
 
 #include "commands/MessageLog.h"
+#include "core/EvaluationScope.h"
 
 #include <exception>
 #include <string>
@@ -18,6 +19,10 @@ void IdleQueue::push(std::function<void()> task) {
 }
 
 void IdleQueue::drain() {
+    // A command that a node's compute runs may end at the top level; the
+    // host is idle only once the evaluation is over.
+    if (EvaluationScope::active())
+        return;
     {
         std::lock_guard lock(m_mutex);
         // A task that runs a top-level command ends up here again; the drain

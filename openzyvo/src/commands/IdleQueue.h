@@ -16,9 +16,9 @@ public:
     static IdleQueue& instance();
 
     void push(std::function<void()> task);
-    // Runs everything queued, including what the tasks queue in turn. A queue
-    // that keeps refilling itself is cut off with an error rather than
-    // running forever.
+    // Runs everything queued, including what the tasks queue in turn; does
+    // nothing while a node computes. A queue that keeps refilling itself is
+    // cut off with an error rather than running forever.
     void drain();
     std::size_t size() const;
     void clear();

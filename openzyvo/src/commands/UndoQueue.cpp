@@ -1,6 +1,7 @@
 #include "commands/UndoQueue.h"
 
 #include "commands/MessageLog.h"
+#include "core/EvaluationScope.h"
 
 #include <algorithm>
 
@@ -42,6 +43,8 @@ void UndoQueue::closeStep() {
 ZStatus UndoQueue::undo() {
     if (m_done.empty())
         return ZStatus::kNotFound;
+    if (const ZStatus refused = refuseDuringEvaluation("undo"); !refused)
+        return refused;
     Step step = std::move(m_done.back());
     m_done.pop_back();
     ZStatus status;
@@ -64,6 +67,8 @@ ZStatus UndoQueue::undo() {
 ZStatus UndoQueue::redo() {
     if (m_undone.empty())
         return ZStatus::kNotFound;
+    if (const ZStatus refused = refuseDuringEvaluation("redo"); !refused)
+        return refused;
     Step step = std::move(m_undone.back());
     m_undone.pop_back();
     ZStatus status;

@@ -20,7 +20,8 @@ public:
     // Closes the step being recorded; a non-empty step makes redo impossible.
     void closeStep();
 
-    // kNotFound when there is nothing to undo (or redo).
+    // kNotFound when there is nothing to undo (or redo); refused while a
+    // node computes, since a step may delete nodes.
     ZStatus undo();
     ZStatus redo();
     std::size_t undoSteps() const { return m_done.size(); }

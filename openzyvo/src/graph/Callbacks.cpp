@@ -5,6 +5,7 @@
 
 #include <OpenZyvo/ZStringArray.h>
 #include <algorithm>
+#include <variant>
 
 namespace oz {
 
@@ -90,6 +91,19 @@ void Callbacks::removeAll(Node& node) {
     const auto entries = node.callbacks;
     for (const auto& entry : entries)
         remove(entry->id);
+}
+
+std::size_t Callbacks::removeWhereCode(const std::function<bool(const void* code)>& inside) {
+    std::vector<ZCallbackId> doomed;
+    for (const auto& [id, entry] : m_byId) {
+        const void* code = std::visit([](auto function) { return reinterpret_cast<const void*>(function); },
+                                      entry->function);
+        if (inside(code))
+            doomed.push_back(id);
+    }
+    for (const ZCallbackId id : doomed)
+        remove(id);
+    return doomed.size();
 }
 
 template <typename F>

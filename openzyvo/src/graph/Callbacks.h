@@ -2,6 +2,7 @@
 
 #include <OpenZyvo/ZNodeMessage.h>
 #include <OpenZyvo/ZSceneMessage.h>
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <variant>
@@ -40,6 +41,9 @@ public:
     ZCallbackId addSceneCallback(int message, CallbackFunction function, void* clientData);
     ZStatus remove(ZCallbackId id);
     void removeAll(Node& node);
+    // Removes the callbacks whose function `inside` accepts (the code of a
+    // library about to be closed); returns how many went.
+    std::size_t removeWhereCode(const std::function<bool(const void* code)>& inside);
     ZCallbackId current() const { return m_current; }
 
     void attributeChanged(Node& node, int message, const ZPlug& plug, const ZPlug& otherPlug);

@@ -3,6 +3,7 @@
 #include "graph/BlockAccess.h"
 #include "graph/Callbacks.h"
 #include "graph/ContextState.h"
+#include "core/EvaluationScope.h"
 #include "graph/Graph.h"
 #include "graph/Report.h"
 
@@ -231,6 +232,8 @@ Slot* Evaluator::compute(Node& node, const Path& path, const EvalContext& contex
 ZStatus Evaluator::callCompute(Node& node, const Path& path, const EvalContext& context, Slot* slot) {
     if (!node.user)
         return ZStatus::kUnknownParameter;
+    // Whatever the node's code runs meanwhile must leave the graph standing.
+    EvaluationScope computing(node.name);
     if (!node.pending.empty()) {
         ZEvaluationNode evaluationNode = EvaluationNodeAccess::make(&node);
         node.user->preEvaluation(context.asContext(), evaluationNode);

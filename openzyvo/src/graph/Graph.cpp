@@ -1,5 +1,6 @@
 #include "graph/Graph.h"
 
+#include "core/EvaluationScope.h"
 #include "graph/Callbacks.h"
 #include "graph/Names.h"
 #include "graph/NodeAccess.h"
@@ -11,8 +12,12 @@
 namespace oz {
 
 Graph& Graph::instance() {
-    static Graph graph;
-    return graph;
+    // Never destroyed: what holds nodes (undo records, selections, scripts)
+    // may still let go of them while the process exits, and nodes left then
+    // must not run code of plug-ins already closed. The host ends the scene
+    // before it exits.
+    static Graph* const graph = new Graph;
+    return *graph;
 }
 
 void Graph::touch(bool structural) {
@@ -31,17 +36,31 @@ ZStatus Graph::instantiate(const std::shared_ptr<NodeType>& type, std::shared_pt
     node->user.reset(user);
     NodeAccess::bind(*user, node.get());
     node->state = Node::State::Detached;
+    // Until it joins the graph it is ended with the other nodes out of it
+    // (a new scene, its type deregistered), wherever it is held.
+    m_detached.push_back(node);
     return ZStatus::kSuccess;
 }
 
+void Graph::reserveName(const ZString& name, const ZString& typeName) {
+    m_reserved[name] = typeName;
+}
+
+bool Graph::isTaken(const ZString& name, const ZString& typeName, bool asked) const {
+    if (m_byName.count(name))
+        return true;
+    const auto reserved = m_reserved.find(name);
+    return reserved != m_reserved.end() && !(asked && reserved->second == typeName);
+}
+
 ZString Graph::uniqueName(const ZString& requested, const ZString& typeName) {
-    if (!requested.isEmpty() && !m_byName.count(requested))
+    if (!requested.isEmpty() && !isTaken(requested, typeName, true))
         return requested;
     const ZString stem = requested.isEmpty() ? typeName : nameStem(requested);
     unsigned int& next = m_nextSuffix[stem];
     for (;;) {
         ZString candidate = stem + ZString(std::to_string(++next));
-        if (!m_byName.count(candidate))
+        if (!isTaken(candidate, typeName, false))
             return candidate;
     }
 }
@@ -95,6 +114,8 @@ ZStatus Graph::detach(Node& node, ZDGModifier* modifier, std::vector<std::shared
                       std::vector<std::shared_ptr<Node>>* detached) {
     if (node.state != Node::State::Live)
         return ZStatus::kInvalidParameter;
+    if (const ZStatus refused = refuseDuringEvaluation("delete nodes"); !refused)
+        return refused;
     auto keep = PlugAccess::sharedNode(node);
     for (Node* child : std::vector<Node*>(node.dagChildren)) {
         ZStatus status = detach(*child, modifier, broken, detached);
@@ -138,8 +159,8 @@ ZStatus Graph::detach(Node& node, ZDGModifier* modifier, std::vector<std::shared
 void Graph::finalise(Node& node) {
     if (node.state == Node::State::Finalised)
         return;
-    if (node.state == Node::State::Live)
-        detach(node, nullptr, nullptr, nullptr);
+    if (node.state == Node::State::Live && !detach(node, nullptr, nullptr, nullptr))
+        return;
     auto keep = PlugAccess::sharedNode(node);
     // A node that never joined the graph may still have been connected.
     for (const auto& c : std::vector<std::shared_ptr<Connection>>(node.incoming))
@@ -210,7 +231,9 @@ Node* Graph::findNode(const ZString& name) const {
     return it == m_byName.end() ? nullptr : it->second;
 }
 
-void Graph::clear() {
+ZStatus Graph::clear() {
+    if (const ZStatus refused = refuseDuringEvaluation("replace the scene"); !refused)
+        return refused;
     while (!m_nodes.empty()) {
         Node* root = m_nodes.back().get();
         while (root->dagParent)
@@ -225,6 +248,7 @@ void Graph::clear() {
     m_contextCaches.clear();
     m_time = ZTime(0.0);
     touch(true);
+    return ZStatus::kSuccess;
 }
 
 ZStatus Graph::setParent(Node& child, Node* parent) {

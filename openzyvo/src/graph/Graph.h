@@ -38,16 +38,21 @@ public:
     // callbacks. The node stays restorable with attach() until finalise().
     ZStatus detach(Node& node, ZDGModifier* modifier, std::vector<std::shared_ptr<Connection>>* broken,
                    std::vector<std::shared_ptr<Node>>* detached);
-    // Ends a node for good: its class object is destroyed and its callbacks removed.
+    // Ends a node for good: its class object is destroyed and its callbacks
+    // removed. A live node is detached first, unless that is refused.
     void finalise(Node& node);
     // detach + finalise.
     ZStatus deleteNode(Node& node);
     void finaliseDetached(const NodeType& type);
     ZStatus rename(Node& node, const ZString& name, ZString* result = nullptr);
     Node* findNode(const ZString& name) const;
+    // Keeps a name for a node every scene has (made on demand): only a node
+    // of `typeName` that asks for the name gets it; any other node, and any
+    // node named automatically, gets another.
+    void reserveName(const ZString& name, const ZString& typeName);
     const std::vector<std::shared_ptr<Node>>& nodes() const { return m_nodes; }
     // Deletes every node (a new scene) and resets the time to 0.
-    void clear();
+    ZStatus clear();
     // "node.attr[2].child" to a plug.
     ZStatus findPlug(const ZString& fullName, ZPlug& plug) const;
 
@@ -101,6 +106,7 @@ public:
 
 private:
     Graph() = default;
+    bool isTaken(const ZString& name, const ZString& typeName, bool asked) const;
     ZString uniqueName(const ZString& requested, const ZString& typeName);
     void findTimeDependence();
     void breakConnection(const std::shared_ptr<Connection>& connection);
@@ -108,8 +114,10 @@ private:
     std::vector<std::shared_ptr<Node>> m_nodes;
     std::unordered_map<ZString, Node*> m_byName;
     std::unordered_map<ZString, unsigned int> m_nextSuffix;
+    std::unordered_map<ZString, ZString> m_reserved; // name → the only type that may take it
     std::vector<Node*> m_timeDrivenNodes;
-    // Deleted nodes that may still come back through an undo.
+    // Nodes made but not yet in the graph, and deleted nodes that may still
+    // come back through an undo.
     std::vector<std::weak_ptr<Node>> m_detached;
     ZTime m_time{0.0};
     std::uint64_t m_edit = 1;

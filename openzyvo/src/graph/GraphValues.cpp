@@ -1,4 +1,5 @@
 #include "graph/Callbacks.h"
+#include "core/EvaluationScope.h"
 #include "graph/Graph.h"
 #include "graph/PlugParse.h"
 
@@ -91,6 +92,8 @@ ZStatus Graph::addDynamicAttribute(Node& node, const std::shared_ptr<Attribute>&
 ZStatus Graph::removeDynamicAttribute(Node& node, const Attribute* attribute) {
     if (!node.usable() || !attribute || attribute->parent)
         return ZStatus::kInvalidParameter;
+    if (const ZStatus refused = refuseDuringEvaluation("remove attributes"); !refused)
+        return refused;
     auto it = std::find_if(node.dynamicAttrs.begin(), node.dynamicAttrs.end(),
                            [&](const std::shared_ptr<Attribute>& a) { return a.get() == attribute; });
     if (it == node.dynamicAttrs.end())

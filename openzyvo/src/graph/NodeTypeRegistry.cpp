@@ -1,5 +1,6 @@
 #include "graph/NodeTypeRegistry.h"
 
+#include "core/EvaluationScope.h"
 #include "graph/Graph.h"
 #include "graph/Names.h"
 
@@ -137,6 +138,10 @@ ZStatus NodeTypeRegistry::registerType(NodeTypeInfo info, ZString* error) {
 }
 
 ZStatus NodeTypeRegistry::deregisterType(const ZTypeId& id, ZString* error) {
+    if (const ZStatus refused = refuseDuringEvaluation("deregister node types"); !refused) {
+        explain(error, "an evaluation is under way");
+        return refused;
+    }
     auto type = find(id);
     if (!type) {
         explain(error, ZString("no node type has id ") + ZString(std::to_string(id.id())));

@@ -1,5 +1,7 @@
 #include "plugins/PluginRegistry.h"
 
+#include "graph/Callbacks.h"
+#include "core/EvaluationScope.h"
 #include "graph/SceneMessages.h"
 #include "plugins/ApiVersion.h"
 #include "plugins/PluginLocator.h"
@@ -61,6 +63,14 @@ bool sameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
 PluginRegistry& PluginRegistry::instance() {
     static PluginRegistry registry;
     return registry;
+}
+
+PluginRegistry::~PluginRegistry() {
+    // Reached only when the host did not unload its plug-ins before exiting:
+    // objects of their code may still exist in registries destroyed after
+    // this one, so the libraries stay mapped until the process ends.
+    for (Loaded& loaded : m_plugins)
+        loaded.library.keepMapped();
 }
 
 ZStatus PluginRegistry::load(const std::string& nameOrPath, std::string& name) {
@@ -134,6 +144,8 @@ ZStatus PluginRegistry::unload(const std::string& name) {
         reportError("Cannot unload plug-in " + name + ": it is not loaded");
         return ZStatus::kNotFound;
     }
+    if (const ZStatus refused = refuseDuringEvaluation("unload plug-in " + name); !refused)
+        return refused;
     if (const auto nodes = liveNodesOf(name); !nodes.empty()) {
         reportError("Cannot unload plug-in " + name + ": nodes of its types exist (" + joined(nodes) + ")");
         return ZStatus::kFailure;
@@ -164,6 +176,18 @@ PluginRegistry::Loaded PluginRegistry::take(const std::string& name) {
     return taken;
 }
 
+ZStatus PluginRegistry::unloadAll() {
+    ZStatus status;
+    // Latest first: a plug-in may use what an earlier one registered. One
+    // that refuses stays loaded, and mapped for the rest of the process.
+    const std::vector<std::string> loaded = names();
+    for (auto name = loaded.rbegin(); name != loaded.rend(); ++name)
+        if (find(*name))
+            if (const ZStatus unloaded = unload(*name); !unloaded)
+                status = unloaded;
+    return status;
+}
+
 void PluginRegistry::release(Loaded& loaded) {
     loaded.plugin->loaded = false;
     if (const auto kept = removeOwnedBy(*loaded.plugin); !kept.empty()) {
@@ -171,6 +195,12 @@ void PluginRegistry::release(Loaded& loaded) {
                     " have nodes in the scene");
         loaded.library.keepMapped();
     }
+    const std::size_t leftOver = Callbacks::instance().removeWhereCode(
+        [&](const void* code) { return loaded.library.contains(code); });
+    if (leftOver > 0)
+        ZGlobal::displayWarning(ZString("Plug-in " + loaded.plugin->name + " left " +
+                                        std::to_string(leftOver) +
+                                        " callback(s) installed; they were removed with it"));
 }
 
 std::shared_ptr<Plugin> PluginRegistry::find(const std::string& name) const {

@@ -22,17 +22,21 @@ public:
     // library stays mapped, since it may have installed callbacks. `name` gets the plug-in's name; loading a
     // plug-in already loaded from the same library does nothing more.
     ZStatus load(const std::string& nameOrPath, std::string& name);
-    // Refused while nodes of the plug-in's types exist. Calls
+    // Refused while nodes of the plug-in's types exist or a node computes. Calls
     // uninitializePlugin, removes what the plug-in left registered and closes
     // its library. A failing uninitializePlugin still unloads the plug-in
     // (and fails), but leaves its library mapped.
     ZStatus unload(const std::string& name);
+    // Unloads every plug-in, latest first. The scene must hold no node of
+    // theirs any more (see shutdownRuntime).
+    ZStatus unloadAll();
 
     std::shared_ptr<Plugin> find(const std::string& name) const;
     std::vector<std::string> names() const;
 
 private:
     PluginRegistry() = default;
+    ~PluginRegistry();
 
     using EntryPoint = ZStatus (*)(ZObject);
 

@@ -1,6 +1,7 @@
 #include "plugins/SharedLibrary.h"
 
 #include <dlfcn.h>
+#include <link.h>
 #include <utility>
 
 namespace oz::plugins {
@@ -39,6 +40,16 @@ SharedLibrary SharedLibrary::open(const std::filesystem::path& path, std::string
 
 void* SharedLibrary::symbol(const char* name) const {
     return m_handle ? dlsym(m_handle, name) : nullptr;
+}
+
+bool SharedLibrary::contains(const void* address) const {
+    if (!m_handle || !address)
+        return false;
+    link_map* own = nullptr;
+    link_map* found = nullptr;
+    Dl_info info;
+    return dlinfo(m_handle, RTLD_DI_LINKMAP, &own) == 0 &&
+           dladdr1(address, &info, reinterpret_cast<void**>(&found), RTLD_DL_LINKMAP) != 0 && found == own;
 }
 
 void SharedLibrary::keepMapped() {

@@ -23,6 +23,8 @@ public:
     const std::filesystem::path& path() const { return m_path; }
     // The address of an exported symbol, or null.
     void* symbol(const char* name) const;
+    // Whether `address` (of a function, say) lies in this library.
+    bool contains(const void* address) const;
 
     // Leaves the library mapped for the rest of the process: code of it may
     // still be referred to (a node type that could not be removed).

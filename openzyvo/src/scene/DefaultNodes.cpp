@@ -5,6 +5,17 @@
 
 namespace oz::scene {
 
+namespace {
+
+// Made on demand, the default nodes keep their names from the start: a node
+// made before them must not take one.
+const bool reserved = [] {
+    Graph::instance().reserveName(anim::TimeNode::kSceneNodeName, anim::TimeNode::kTypeName);
+    return true;
+}();
+
+} // namespace
+
 void ensureDefaultNodes() {
     if (!Graph::instance().findNode(anim::TimeNode::kSceneNodeName))
         anim::TimeNode::sceneNode();

@@ -2,6 +2,7 @@
 
 #include "anim/PlaybackRange.h"
 #include "commands/UndoQueue.h"
+#include "core/EvaluationScope.h"
 #include "graph/Graph.h"
 #include "nodes/ActiveSelection.h"
 #include "scene/DefaultNodes.h"
@@ -12,15 +13,23 @@
 
 namespace oz::scene {
 
-void resetScene() {
+ZStatus closeScene() {
+    if (const ZStatus refused = refuseDuringEvaluation("replace the scene"); !refused)
+        return refused;
     // Undo steps hold nodes of the old scene; they go before the nodes do.
     cmd::UndoQueue::instance().clear();
     nodes::setActiveSelection(ZSelectionList());
     PendingCompounds::instance().clear();
-    Graph::instance().clear();
+    return Graph::instance().clear();
+}
+
+ZStatus resetScene() {
+    if (const ZStatus closed = closeScene(); !closed)
+        return closed;
     anim::PlaybackRange::scene() = anim::PlaybackRange::defaults();
     FileState::instance().fileInfo.clear();
     ensureDefaultNodes();
+    return ZStatus::kSuccess;
 }
 
 } // namespace oz::scene

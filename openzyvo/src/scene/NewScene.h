@@ -1,11 +1,18 @@
 #pragma once
 
+#include <OpenZyvo/ZStatus.h>
+
 namespace oz::scene {
 
-// Empties the scene for a new one or for a file to be read into: the undo
-// queue, every node (the default nodes come back fresh), the selection,
-// the file's notes and half-declared attributes go; the time goes back to
-// 0 and the playback range to its defaults. Units stay as the user set them.
-void resetScene();
+// Ends the scene: the undo queue, the selection, half-declared attributes
+// and every node go, default nodes too. Refused, changing nothing, while a
+// node computes.
+ZStatus closeScene();
+
+// Empties the scene for a new one or for a file to be read into: the scene
+// is closed, the default nodes come back fresh, the file's notes go, the
+// time goes back to 0 and the playback range to its defaults. Units stay as
+// the user set them.
+ZStatus resetScene();
 
 } // namespace oz::scene

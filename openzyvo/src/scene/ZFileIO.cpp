@@ -1,6 +1,7 @@
 #include "commands/ExecutionScope.h"
 #include "commands/MessageLog.h"
 #include "commands/UndoQueue.h"
+#include "core/EvaluationScope.h"
 #include "graph/SceneMessages.h"
 #include "scene/FileState.h"
 #include "scene/NewScene.h"
@@ -44,12 +45,14 @@ int versionToRead(const std::vector<oz::scene::StatementText>& statements, const
 }
 
 // A file's own statements (or the callbacks of its read) cannot replace
-// the scene it is being read into.
+// the scene it is being read into, nor can a node's compute replace the
+// scene it is part of.
 bool replaceable() {
-    if (!FileState::instance().reading)
-        return true;
-    error("The scene cannot be replaced while a scene file is being read");
-    return false;
+    if (FileState::instance().reading) {
+        error("The scene cannot be replaced while a scene file is being read");
+        return false;
+    }
+    return static_cast<bool>(oz::refuseDuringEvaluation("replace the scene"));
 }
 
 // Sets the reading state for the time of a read, whatever happens in it.

@@ -11,11 +11,15 @@
 #include <OpenZyvo/ZFnStringData.h>
 #include <OpenZyvo/ZFnTypedAttribute.h>
 #include <OpenZyvo/ZFnUnitAttribute.h>
+#include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvo/ZPlug.h>
 #include <gtest/gtest.h>
+#include <utility>
 
 ZObject SceneTestNode::weight, SceneTestNode::mode, SceneTestNode::label, SceneTestNode::samples,
     SceneTestNode::profile, SceneTestNode::spin, SceneTestNode::input, SceneTestNode::output;
+std::string SceneTestNode::scriptAfterCompute;
+ZStatus SceneTestNode::scriptStatus;
 bool SceneTestNode::constructedWhileReading = false;
 unsigned int SceneTestNode::profilePointsAtConstruction = 0;
 
@@ -90,5 +94,7 @@ ZStatus SceneTestNode::compute(const ZPlug& plug, ZDataBlock& block) {
     ZDataHandle out = block.outputValue(output);
     out.set(2.0 * block.inputValue(input).asDouble());
     out.setClean();
+    if (!scriptAfterCompute.empty())
+        scriptStatus = ZGlobal::executeCommand(ZString(std::exchange(scriptAfterCompute, std::string())));
     return ZStatus::kSuccess;
 }

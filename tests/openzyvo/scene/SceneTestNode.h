@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenZyvo/ZPxNode.h>
+#include <string>
 
 // A node made for the scene tests: stored attributes of many kinds, an
 // output computed from `input`, and a profile curve that, like the
@@ -17,6 +18,11 @@ public:
     static ZObject spin;    // angle
     static ZObject input;   // double, keyable
     static ZObject output;  // 2 * input, not stored
+
+    // A script the next compute runs once it has its output, as a node
+    // running a user's expression would, and what running it returned.
+    static std::string scriptAfterCompute;
+    static ZStatus scriptStatus;
 
     // What the last postConstructor saw.
     static bool constructedWhileReading;
