@@ -5,14 +5,13 @@
 #include "commands/Executor.h"
 #include "commands/MessageLog.h"
 #include "commands/Parser.h"
+#include "core/Overloaded.h"
 
 #include <optional>
 
 namespace oz::cmd {
 
 namespace {
-
-template <class... Ts> struct Overloaded : Ts... { using Ts::operator()...; };
 
 // Where the statements of a script stand, for their messages. A script
 // read from a file names the file and the place in it in every error and

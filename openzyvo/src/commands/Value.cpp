@@ -1,5 +1,7 @@
 #include "commands/Value.h"
 
+#include "core/Overloaded.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -8,8 +10,6 @@
 namespace oz::cmd {
 
 namespace {
-
-template <class... Ts> struct Overloaded : Ts... { using Ts::operator()...; };
 
 std::string lowerCase(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),

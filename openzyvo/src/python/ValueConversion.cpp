@@ -1,5 +1,7 @@
 #include "python/ValueConversion.h"
 
+#include "core/Overloaded.h"
+
 #include <limits>
 
 namespace py = pybind11;
@@ -7,8 +9,6 @@ namespace py = pybind11;
 namespace oz::python {
 
 namespace {
-
-template <class... Ts> struct Overloaded : Ts... { using Ts::operator()...; };
 
 template <typename T> py::list listOf(const std::vector<T>& items) {
     py::list list;

@@ -3,6 +3,7 @@
 #include "commands/Executor.h"
 #include "commands/MessageLog.h"
 #include "commands/Parser.h"
+#include "core/Overloaded.h"
 #include "scene/PendingCompounds.h"
 #include "scene/ReadContext.h"
 #include "scene/SceneLookup.h"
@@ -12,8 +13,6 @@
 namespace oz::scene {
 
 namespace {
-
-template <class... Ts> struct Overloaded : Ts... { using Ts::operator()...; };
 
 // Runs one invocation of the file; nested calls give their results as values.
 ZStatus evaluate(const cmd::Invocation& invocation, cmd::Value& result) {
