@@ -1,13 +1,12 @@
 #include "ScriptRunner.h"
 
 #include "commands/Interpreter.h"
+#include "commands/SourceFile.h"
 #include "python/PythonRuntime.h"
 
 #include <OpenZyvo/ZFileIO.h>
 #include <OpenZyvo/ZGlobal.h>
 #include <cstdio>
-#include <fstream>
-#include <sstream>
 
 namespace zyvo {
 
@@ -36,13 +35,13 @@ std::string pythonLiteral(const std::string& text) {
 }
 
 ZStatus runCommandScript(const std::filesystem::path& file, bool echo) {
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream text;
-    if (!stream || !(text << stream.rdbuf())) {
-        reportError("Cannot read the script " + file.string());
+    std::string why;
+    const std::optional<std::string> text = oz::cmd::readSourceFile(file.string(), why);
+    if (!text) {
+        reportError("Cannot read the script " + file.string() + ": " + why);
         return ZStatus::kNotFound;
     }
-    return oz::cmd::runScript(text.str(), {echo, true}).status;
+    return oz::cmd::runScript(*text, {echo, true}, file.string()).status;
 }
 
 } // namespace

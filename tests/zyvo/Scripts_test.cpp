@@ -89,4 +89,23 @@ TEST(Scripts, ScenesOpenAndOtherFilesAreRefused) {
     EXPECT_TRUE(contains(other.err, "Cannot tell how to run")) << other.err;
 }
 
+TEST(Scripts, ErrorsOfCommandsInAScriptCarryTheFileAndLine) {
+    const TempFolder folder;
+    const auto script = folder.write("nodes.zys", "createNode transform -n a;\n  createNode noSuchType;\n");
+    const ProgramResult failed = runZyvo({"run", script.string()});
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_TRUE(contains(failed.err, "// Error: " + script.string() + ": line 2, column 3: createNode: "))
+        << failed.err;
+}
+
+TEST(Scripts, ASceneWithAnUnterminatedCommentFails) {
+    const TempFolder folder;
+    const auto scene = folder.write("open.zya", "createNode transform -n a;\n/* never closed\n"
+                                                "createNode transform -n b;\n");
+    const ProgramResult failed = runZyvo({"run", scene.string()});
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_TRUE(contains(failed.err, scene.string() + ": line 2, column 1: this comment is never closed"))
+        << failed.err;
+}
+
 } // namespace

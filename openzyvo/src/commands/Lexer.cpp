@@ -76,23 +76,14 @@ private:
     }
     bool startsComment() const { return peek() == '/' && (peek(1) == '/' || peek(1) == '*'); }
 
-    void advance() {
-        const char c = m_source[m_offset++];
-        if (c == '\n') {
-            ++m_position.line;
-            m_position.column = 1;
-        } else if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) {
-            // Columns count characters, so UTF-8 continuation bytes do not move them.
-            ++m_position.column;
-        }
-    }
+    void advance() { m_position.advancePast(m_source, m_offset++); }
 
     std::optional<SyntaxError> skipBlanksAndComments() {
         while (!atEnd()) {
             if (std::isspace(static_cast<unsigned char>(peek()))) {
                 advance();
             } else if (peek() == '/' && peek(1) == '/') {
-                while (!atEnd() && peek() != '\n')
+                while (!atEnd() && !isLineEnd(peek()))
                     advance();
             } else if (peek() == '/' && peek(1) == '*') {
                 const SourcePosition start = m_position;
@@ -141,7 +132,7 @@ private:
         token.kind = Token::Kind::String;
         advance();
         while (true) {
-            if (atEnd() || peek() == '\n')
+            if (atEnd() || isLineEnd(peek()))
                 return SyntaxError{token.position, "unterminated string"};
             const char c = peek();
             if (c == '"') {
@@ -172,7 +163,7 @@ private:
                 token.text += '\r';
                 break;
             default:
-                if (atEnd() || peek() == '\n')
+                if (atEnd() || isLineEnd(peek()))
                     return SyntaxError{token.position, "unterminated string"};
                 return SyntaxError{escapeAt, std::string("unknown escape sequence '\\") + peek() + "'"};
             }

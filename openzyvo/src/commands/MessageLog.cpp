@@ -41,22 +41,30 @@ MessageLog& MessageLog::instance() {
 
 void MessageLog::add(Kind kind, const std::string& text) {
     std::lock_guard lock(m_mutex);
+    std::string located;
+    const bool needsOrigin = (kind == Kind::Error || kind == Kind::Warning) && !m_origins.empty() &&
+                             text.find(m_origins.back()) == std::string::npos;
+    if (needsOrigin)
+        located = m_origins.back() + text;
+    const std::string& shown = needsOrigin ? located : text;
     if (m_streamOutput)
-        write(kind, text);
+        write(kind, shown);
     if (kind == Kind::Error)
         ++m_errorCount;
     if (m_messages.size() == kKeptMessages)
         m_messages.erase(m_messages.begin(), m_messages.begin() + kKeptMessages / 2);
-    m_messages.push_back({kind, text});
+    m_messages.push_back({kind, shown});
 }
 
 std::vector<MessageLog::Message> MessageLog::messages() const {
     std::lock_guard lock(m_mutex);
+    ++m_copies;
     return m_messages;
 }
 
 std::vector<std::string> MessageLog::texts(Kind kind) const {
     std::lock_guard lock(m_mutex);
+    ++m_copies;
     std::vector<std::string> out;
     for (const Message& message : m_messages)
         if (message.kind == kind)
@@ -77,6 +85,23 @@ void MessageLog::clear() {
 void MessageLog::setStreamOutput(bool enabled) {
     std::lock_guard lock(m_mutex);
     m_streamOutput = enabled;
+}
+
+std::size_t MessageLog::copiesMade() const {
+    std::lock_guard lock(m_mutex);
+    return m_copies;
+}
+
+MessageOrigin::MessageOrigin(std::string where) {
+    MessageLog& log = MessageLog::instance();
+    std::lock_guard lock(log.m_mutex);
+    log.m_origins.push_back(std::move(where));
+}
+
+MessageOrigin::~MessageOrigin() {
+    MessageLog& log = MessageLog::instance();
+    std::lock_guard lock(log.m_mutex);
+    log.m_origins.pop_back();
 }
 
 } // namespace oz::cmd

@@ -35,13 +35,36 @@ public:
     // the messages.
     void setStreamOutput(bool enabled);
 
+    // How many times messages() or texts() copied the kept messages out.
+    // Those are for showing the log; a path that runs once per statement
+    // must not call them, or a file of failing statements reads in
+    // quadratic time.
+    std::size_t copiesMade() const;
+
 private:
+    friend class MessageOrigin;
+
     MessageLog() = default;
 
     mutable std::mutex m_mutex;
     std::vector<Message> m_messages;
     std::size_t m_errorCount = 0;
+    mutable std::size_t m_copies = 0;
     bool m_streamOutput = true;
+    std::vector<std::string> m_origins;
+};
+
+// Where the statement running now stands, as "scene.zya: line 3, column 1: ",
+// for as long as the origin lives. Errors and warnings added meanwhile start
+// with the innermost origin, whoever reports them: a built-in command, a
+// plug-in or Python code the statement runs. A message that already names
+// the origin is left as it is.
+class MessageOrigin {
+public:
+    explicit MessageOrigin(std::string where);
+    ~MessageOrigin();
+    MessageOrigin(const MessageOrigin&) = delete;
+    MessageOrigin& operator=(const MessageOrigin&) = delete;
 };
 
 } // namespace oz::cmd

@@ -6,8 +6,8 @@
 namespace oz::scene {
 
 // Errors and warnings of the graph commands, in the message log as
-// "<command>: <text>". While a scene file is read they start with the file
-// and the line of the statement.
+// "<command>: <text>". Run from a script or scene file they start with the
+// file and the line of the statement (the message log's origin).
 void reportError(std::string_view command, const std::string& text);
 void reportWarning(std::string_view command, const std::string& text);
 

@@ -10,9 +10,8 @@ ReadContext* g_active = nullptr;
 
 } // namespace
 
-ReadContext::ReadContext(std::string source)
-    : m_source(std::move(source))
-    , m_previous(g_active) {
+ReadContext::ReadContext()
+    : m_previous(g_active) {
     g_active = this;
 }
 
@@ -23,10 +22,6 @@ ReadContext::~ReadContext() {
 
 ReadContext* ReadContext::active() {
     return g_active;
-}
-
-void ReadContext::setPosition(int line, int column) {
-    m_where = m_source + ": line " + std::to_string(line) + ", column " + std::to_string(column) + ": ";
 }
 
 void ReadContext::deferConstruction(std::shared_ptr<Node> node) {

@@ -12,23 +12,18 @@ class Node;
 
 namespace oz::scene {
 
-// What the commands of a scene file see while the file is read: where the
-// statement running now stands (for messages), the nodes whose construction
-// waits until their stored values are in, and the nodes that could not be
-// made. One exists while a file is read.
+// What the commands of a scene file see while the file is read: the nodes
+// whose construction waits until their stored values are in, and the nodes
+// that could not be made. One exists while a file is read. (Where the
+// statement running now stands is the message log's origin.)
 class ReadContext {
 public:
-    explicit ReadContext(std::string source);
+    ReadContext();
     ~ReadContext();
     ReadContext(const ReadContext&) = delete;
     ReadContext& operator=(const ReadContext&) = delete;
 
     static ReadContext* active();
-
-    void setPosition(int line, int column);
-    // "scene.zya: line 3, column 1: ", the prefix of every message of the
-    // statement running now.
-    const std::string& where() const { return m_where; }
 
     // A node read from a file is constructed (postConstructor) once the
     // statements that set its stored values have run, so that it sees them,
@@ -44,8 +39,6 @@ public:
     void countSkippedStatement() { ++m_skippedStatements; }
 
 private:
-    std::string m_source;
-    std::string m_where;
     std::vector<std::shared_ptr<Node>> m_deferred;
     std::unordered_set<std::string> m_skipped;
     std::size_t m_skippedStatements = 0;

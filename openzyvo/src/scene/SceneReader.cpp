@@ -15,7 +15,7 @@ namespace oz::scene {
 namespace {
 
 // Runs one invocation of the file; nested calls give their results as values.
-ZStatus evaluate(const cmd::Invocation& invocation, const std::string& where, cmd::Value& result) {
+ZStatus evaluate(const cmd::Invocation& invocation, cmd::Value& result) {
     std::vector<cmd::ArgItem> args;
     args.reserve(invocation.arguments.size());
     ZStatus status;
@@ -25,7 +25,7 @@ ZStatus evaluate(const cmd::Invocation& invocation, const std::string& where, cm
                        [&](const cmd::FlagArgument& flag) { args.push_back(cmd::ArgItem::flag(flag.name)); },
                        [&](const std::shared_ptr<const cmd::Invocation>& nested) {
                            cmd::Value nestedResult;
-                           status = evaluate(*nested, where, nestedResult);
+                           status = evaluate(*nested, nestedResult);
                            args.push_back({std::move(nestedResult)});
                        },
                    },
@@ -33,7 +33,7 @@ ZStatus evaluate(const cmd::Invocation& invocation, const std::string& where, cm
         if (!status)
             return status;
     }
-    return cmd::Executor::invoke(invocation.name, args, result, where);
+    return cmd::Executor::invoke(invocation.name, args, result);
 }
 
 // Positions inside a statement count from its start; the file's from the top.
@@ -41,6 +41,11 @@ cmd::SourcePosition inFile(const StatementText& statement, cmd::SourcePosition i
     if (inside.line == 1)
         return {statement.line, statement.column + inside.column - 1};
     return {statement.line + inside.line - 1, inside.column};
+}
+
+// "scene.zya: line 3, column 1: ", where every message of a statement starts.
+std::string where(const std::string& source, cmd::SourcePosition at) {
+    return source + ": " + cmd::located(at, "");
 }
 
 bool aboutSkippedNode(const cmd::Invocation& invocation, const ReadContext& context) {
@@ -52,25 +57,48 @@ bool aboutSkippedNode(const cmd::Invocation& invocation, const ReadContext& cont
     return false;
 }
 
-// Errors that commands report themselves carry the file and line; others
-// (a plug-in's command, say) get a line of their own.
-void locateUnlocated(std::size_t errorsBefore, const ReadContext& context, const std::string& command) {
-    cmd::MessageLog& log = cmd::MessageLog::instance();
-    const std::size_t added = log.errorCount() - errorsBefore;
-    if (added == 0) {
-        cmd::Executor::reportError(context.where() + command + " failed");
-        return;
-    }
-    const auto errors = log.texts(cmd::MessageLog::Kind::Error);
-    for (std::size_t i = errors.size() >= added ? errors.size() - added : 0; i < errors.size(); ++i)
-        if (errors[i].starts_with(context.where()))
-            return;
-    cmd::Executor::reportError(context.where() + command + " failed");
-}
-
 // Statements that set what a node stores, run before the node is constructed.
 bool setsStoredValues(const std::string& command) {
     return command == "setAttr" || command == "addAttr";
+}
+
+// Runs one statement of the file. A statement that fails is reported and
+// the reading goes on; the errors of its commands, whoever reports them,
+// carry the file, line and column through the message log's origin.
+void runStatement(const StatementText& statement, const std::string& source, ReadContext& context) {
+    const cmd::SourcePosition start{statement.line, statement.column};
+    switch (statement.end) {
+    case StatementText::End::EndOfFile: {
+        const cmd::MessageOrigin at(where(source, start));
+        cmd::Executor::reportError("the file ends inside this statement (is it cut off?); it was not run");
+        return;
+    }
+    case StatementText::End::OpenComment: {
+        const cmd::MessageOrigin at(where(source, start));
+        cmd::Executor::reportError("this comment is never closed; nothing after it was read");
+        return;
+    }
+    case StatementText::End::Semicolon:
+    case StatementText::End::BrokenString:
+        break;
+    }
+    const cmd::ParseResult parsed = cmd::parse(statement.text);
+    if (parsed.error) {
+        const cmd::MessageOrigin at(where(source, inFile(statement, parsed.error->position)));
+        cmd::Executor::reportError("syntax error: " + parsed.error->message);
+        return;
+    }
+    for (const cmd::Invocation& invocation : parsed.script.statements) {
+        const cmd::MessageOrigin at(where(source, inFile(statement, invocation.position)));
+        if (!setsStoredValues(invocation.name))
+            context.finishConstructions();
+        if (aboutSkippedNode(invocation, context)) {
+            context.countSkippedStatement();
+            continue;
+        }
+        cmd::Value result;
+        evaluate(invocation, result);
+    }
 }
 
 } // namespace
@@ -100,39 +128,15 @@ std::optional<int> headerVersion(const std::vector<StatementText>& statements, s
 }
 
 void runSceneStatements(const std::vector<StatementText>& statements, const std::string& source) {
-    ReadContext context(source);
+    ReadContext context;
     cmd::MessageLog& log = cmd::MessageLog::instance();
-    for (const StatementText& statement : statements) {
-        context.setPosition(statement.line, statement.column);
-        if (statement.end == StatementText::End::EndOfFile) {
-            cmd::Executor::reportError(context.where() +
-                                       "the file ends inside this statement (is it cut off?); "
-                                       "it was not run");
-            continue;
-        }
-        const cmd::ParseResult parsed = cmd::parse(statement.text);
-        if (parsed.error) {
-            const cmd::SourcePosition at = inFile(statement, parsed.error->position);
-            context.setPosition(at.line, at.column);
-            cmd::Executor::reportError(context.where() + "syntax error: " + parsed.error->message);
-            continue;
-        }
-        for (const cmd::Invocation& invocation : parsed.script.statements) {
-            const cmd::SourcePosition at = inFile(statement, invocation.position);
-            context.setPosition(at.line, at.column);
-            if (!setsStoredValues(invocation.name))
-                context.finishConstructions();
-            if (aboutSkippedNode(invocation, context)) {
-                context.countSkippedStatement();
-                continue;
-            }
-            const std::size_t errorsBefore = log.errorCount();
-            cmd::Value result;
-            if (!evaluate(invocation, context.where(), result))
-                locateUnlocated(errorsBefore, context, invocation.name);
-        }
+    {
+        // What runs between statements (a postConstructor, say) still names the file.
+        const cmd::MessageOrigin inFile(source + ": ");
+        for (const StatementText& statement : statements)
+            runStatement(statement, source, context);
+        context.finishConstructions();
     }
-    context.finishConstructions();
     if (context.skippedStatements() > 0)
         log.add(cmd::MessageLog::Kind::Warning,
                 source + ": " + std::to_string(context.skippedStatements()) +

@@ -1,6 +1,7 @@
 #include "scene/StatementSplitter.h"
 
 #include <cctype>
+#include <optional>
 
 namespace oz::scene {
 
@@ -15,9 +16,15 @@ public:
         std::vector<StatementText> statements;
         for (;;) {
             skipBlanksAndComments();
+            if (m_openComment) {
+                statements.push_back(openComment({}));
+                return statements;
+            }
             if (atEnd())
                 return statements;
             statements.push_back(statement());
+            if (statements.back().end == StatementText::End::OpenComment)
+                return statements;
         }
     }
 
@@ -26,46 +33,55 @@ private:
     char peek(std::size_t ahead = 0) const {
         return m_at + ahead < m_source.size() ? m_source[m_at + ahead] : '\0';
     }
-    void advance() {
-        const char c = m_source[m_at++];
-        if (c == '\n') {
-            ++m_line;
-            m_column = 1;
-        } else if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) {
-            ++m_column;
-        }
-    }
+    void advance() { m_position.advancePast(m_source, m_at++); }
     void skipLineComment() {
-        while (!atEnd() && peek() != '\n')
+        while (!atEnd() && !cmd::isLineEnd(peek()))
             advance();
     }
-    void skipBlockComment() {
+    // False when the comment runs to the end of the file.
+    bool skipBlockComment() {
         advance();
         advance();
         while (!atEnd() && !(peek() == '*' && peek(1) == '/'))
             advance();
-        if (!atEnd()) {
-            advance();
-            advance();
-        }
+        if (atEnd())
+            return false;
+        advance();
+        advance();
+        return true;
     }
+    // Stops at a comment that is never closed and leaves `m_openComment`
+    // where it starts.
     void skipBlanksAndComments() {
         while (!atEnd()) {
-            if (std::isspace(static_cast<unsigned char>(peek())))
+            if (std::isspace(static_cast<unsigned char>(peek()))) {
                 advance();
-            else if (peek() == '/' && peek(1) == '/')
+            } else if (peek() == '/' && peek(1) == '/') {
                 skipLineComment();
-            else if (peek() == '/' && peek(1) == '*')
-                skipBlockComment();
-            else
+            } else if (peek() == '/' && peek(1) == '*') {
+                const cmd::SourcePosition start = m_position;
+                if (!skipBlockComment()) {
+                    m_openComment = start;
+                    return;
+                }
+            } else {
                 break;
+            }
         }
+    }
+    StatementText openComment(std::string_view text) const {
+        StatementText out;
+        out.text = text;
+        out.line = m_openComment->line;
+        out.column = m_openComment->column;
+        out.end = StatementText::End::OpenComment;
+        return out;
     }
 
     StatementText statement() {
         StatementText out;
-        out.line = m_line;
-        out.column = m_column;
+        out.line = m_position.line;
+        out.column = m_position.column;
         const std::size_t start = m_at;
         while (!atEnd()) {
             const char c = peek();
@@ -83,7 +99,11 @@ private:
             } else if (c == '/' && peek(1) == '/') {
                 skipLineComment();
             } else if (c == '/' && peek(1) == '*') {
-                skipBlockComment();
+                const cmd::SourcePosition commentAt = m_position;
+                if (!skipBlockComment()) {
+                    m_openComment = commentAt;
+                    return openComment(m_source.substr(start));
+                }
             } else {
                 advance();
             }
@@ -96,12 +116,12 @@ private:
     // False when the string is not closed on its line.
     bool skipString() {
         advance();
-        while (!atEnd() && peek() != '\n') {
+        while (!atEnd() && !cmd::isLineEnd(peek())) {
             if (peek() == '"') {
                 advance();
                 return true;
             }
-            if (peek() == '\\' && m_at + 1 < m_source.size() && peek(1) != '\n')
+            if (peek() == '\\' && m_at + 1 < m_source.size() && !cmd::isLineEnd(peek(1)))
                 advance();
             advance();
         }
@@ -110,8 +130,8 @@ private:
 
     std::string_view m_source;
     std::size_t m_at = 0;
-    int m_line = 1;
-    int m_column = 1;
+    cmd::SourcePosition m_position;
+    std::optional<cmd::SourcePosition> m_openComment;
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "commands/SourcePosition.h"
+
 #include <string_view>
 #include <vector>
 
@@ -16,6 +18,8 @@ struct StatementText {
         BrokenString, // a string runs into the end of its line; the statement
                       // ends there, so that one bad line cannot swallow the
                       // statements after it
+        OpenComment,  // a "/*" that is never closed; line and column are
+                      // where it starts, and nothing after it is read
     };
     End end = End::Semicolon;
 };

@@ -1,5 +1,6 @@
 #include "commands/ExecutionScope.h"
 #include "commands/MessageLog.h"
+#include "commands/SourceFile.h"
 #include "commands/UndoQueue.h"
 #include "core/EvaluationScope.h"
 #include "graph/SceneMessages.h"
@@ -11,7 +12,6 @@
 
 #include <OpenZyvo/ZFileIO.h>
 #include <fstream>
-#include <sstream>
 
 using oz::scene::FileState;
 
@@ -101,14 +101,13 @@ bool ZFileIO::isModified() {
 ZStatus ZFileIO::open(const ZString& path) {
     if (!replaceable())
         return ZStatus::kFailure;
-    std::ifstream file(path.asStdString(), std::ios::binary);
-    std::ostringstream contents;
-    if (!file || !(contents << file.rdbuf())) {
-        error("Cannot open the scene file \"" + path.asStdString() + "\"");
+    std::string why;
+    const std::optional<std::string> text = oz::cmd::readSourceFile(path.asStdString(), why);
+    if (!text) {
+        error("Cannot open the scene file \"" + path.asStdString() + "\": " + why);
         return ZStatus::kNotFound;
     }
-    const std::string text = contents.str();
-    const auto statements = oz::scene::splitStatements(text);
+    const auto statements = oz::scene::splitStatements(*text);
     // What the file's commands and the callbacks run is not undoable, and
     // work they leave for idle time runs once the whole file is in.
     oz::cmd::ExecutionScope scope(false);

@@ -106,10 +106,8 @@ TEST_F(DamagedScene, AFileCannotReplaceTheSceneItIsReadInto) {
                           "\";\nfile -f -new;\ncreateNode transform -n after;\n");
     EXPECT_FALSE(ZFileIO::open(ZString(path("self.zya"))));
     EXPECT_EQ(strings("ls -type transform"), (std::vector<std::string>{"before", "after"}));
-    const auto reported = errors();
-    EXPECT_EQ(std::count(reported.begin(), reported.end(),
-                         "The scene cannot be replaced while a scene file is being read"),
-              2);
+    EXPECT_EQ(errorAt("self.zya", 2), "The scene cannot be replaced while a scene file is being read");
+    EXPECT_EQ(errorAt("self.zya", 3), "The scene cannot be replaced while a scene file is being read");
 }
 
 } // namespace

@@ -190,7 +190,7 @@ TEST_F(SceneRoundTrip, TheFileCommandSavesOpensAndGuardsUnsavedChanges) {
     EXPECT_EQ(failure("file -rename x.zya -save -type binary"),
               "file: unknown file type \"binary\" (scenes are saved as \"zyvoAscii\")");
     EXPECT_EQ(failure("file -f -open \"" + path("missing.zya") + "\""),
-              "Cannot open the scene file \"" + path("missing.zya") + "\"");
+              "Cannot open the scene file \"" + path("missing.zya") + "\": No such file or directory");
 }
 
 TEST_F(SceneRoundTrip, AFreshSessionHasNothingToLose) {
