@@ -77,6 +77,16 @@ std::size_t MessageLog::errorCount() const {
     return m_errorCount;
 }
 
+std::optional<std::string> MessageLog::errorSince(std::size_t errorsBefore) const {
+    std::lock_guard lock(m_mutex);
+    if (m_errorCount == errorsBefore)
+        return std::nullopt;
+    for (auto message = m_messages.rbegin(); message != m_messages.rend(); ++message)
+        if (message->kind == Kind::Error)
+            return message->text;
+    return std::nullopt;
+}
+
 void MessageLog::clear() {
     std::lock_guard lock(m_mutex);
     m_messages.clear();

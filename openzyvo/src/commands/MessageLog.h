@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,10 @@ public:
     // How many errors were ever added; unlike messages() it survives clear(),
     // so callers can tell whether something reported an error meanwhile.
     std::size_t errorCount() const;
+    // The newest error, when one was added since errorCount() was
+    // errorsBefore; found from the end, so a caller that asks after every
+    // failing command does not pay for the whole log.
+    std::optional<std::string> errorSince(std::size_t errorsBefore) const;
     void clear();
 
     // Tests and quiet hosts turn the stream output off; the log still keeps

@@ -96,17 +96,6 @@ private:
     std::vector<cmd::ArgItem> m_items;
 };
 
-// The error the command showed, if it showed one.
-std::optional<std::string> errorShownSince(std::size_t errorsBefore) {
-    cmd::MessageLog& log = cmd::MessageLog::instance();
-    if (log.errorCount() == errorsBefore)
-        return std::nullopt;
-    const auto errors = log.texts(cmd::MessageLog::Kind::Error);
-    if (errors.empty())
-        return std::nullopt;
-    return errors.back();
-}
-
 } // namespace
 
 void requireMainThread(const std::string& name) {
@@ -136,7 +125,7 @@ py::object callCommand(const std::string& name, py::args args, py::kwargs kwargs
         status = cmd::Executor::invoke(name, items, result);
     }
     if (!status) {
-        if (const auto shown = errorShownSince(errorsBefore))
+        if (const auto shown = cmd::MessageLog::instance().errorSince(errorsBefore))
             raiseShownError(*shown);
         throw std::runtime_error(name + " failed");
     }

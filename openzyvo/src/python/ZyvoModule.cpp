@@ -31,9 +31,8 @@ py::object evalScript(const std::string& script) {
         outcome = oz::cmd::runScript(script, {false, true});
     }
     if (!outcome.status) {
-        const auto errors = oz::cmd::MessageLog::instance().texts(oz::cmd::MessageLog::Kind::Error);
-        if (oz::cmd::MessageLog::instance().errorCount() != errorsBefore && !errors.empty())
-            oz::python::raiseShownError(errors.back());
+        if (const auto shown = oz::cmd::MessageLog::instance().errorSince(errorsBefore))
+            oz::python::raiseShownError(*shown);
         throw std::runtime_error("script failed");
     }
     return oz::python::toPython(outcome.result);

@@ -124,6 +124,23 @@ TEST_F(Cmds, AFailingCommandRaisesRuntimeErrorWithItsMessage) {
                                         "found 'x'"}));
 }
 
+TEST_F(Cmds, FailingCommandsDoNotCopyTheLog) {
+    const std::size_t copiesBefore = log().copiesMade();
+    EXPECT_EQ(python("import zyvo\n"
+                     "for _ in range(200):\n"
+                     "    try:\n"
+                     "        cmds.makeThing(colour='red')\n"
+                     "    except RuntimeError:\n"
+                     "        pass\n"
+                     "    try:\n"
+                     "        zyvo.eval('makeThing -colour red')\n"
+                     "    except RuntimeError as error:\n"
+                     "        last = str(error)\n"),
+              "");
+    EXPECT_EQ(log().copiesMade(), copiesBefore);
+    EXPECT_EQ(python("last"), "makeThing: invalid flag '-colour'");
+}
+
 TEST_F(Cmds, ValuesPythonCannotPassAreTypeErrors) {
     EXPECT_FALSE(ZGlobal::executePythonCommand("cmds.makeThing(name=object())"));
     ASSERT_EQ(errors().size(), 1u);
