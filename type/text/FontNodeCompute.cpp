@@ -29,7 +29,6 @@
 #include <cstdio>
 #include <initializer_list>
 #include <iostream>
-#include <source_location>
 #include <vector>
 
 namespace type {
@@ -78,7 +77,7 @@ bool isManipulatorOutput(const ZObject& attribute) {
 // nothing, so a stage can read all of its values and test once.
 class NodeValues {
 public:
-    using Where = std::source_location;
+    using Where = SourceLine;
 
     explicit NodeValues(ZDataBlock& block)
         : m_block(block) {}
