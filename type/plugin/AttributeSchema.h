@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plugin/ApiError.h"
+
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZFnNumericData.h>
 #include <OpenZyvo/ZFnUnitAttribute.h>
@@ -7,7 +9,6 @@
 #include <OpenZyvo/ZStatus.h>
 #include <initializer_list>
 #include <optional>
-#include <source_location>
 #include <utility>
 
 namespace type {
@@ -50,7 +51,7 @@ struct AttributeRange {
 // with `return schema.status();`.
 class AttributeSchema {
 public:
-    using Where = std::source_location;
+    using Where = SourceLine;
 
     using Names = AttributeNames;
     using Flags = AttributeFlags;

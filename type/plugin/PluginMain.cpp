@@ -159,9 +159,8 @@ ZYVO_PLUGIN_EXPORT ZStatus uninitializePlugin(ZObject object) {
         return status;
     }
 
-    // Everything the library registered is gone by now, so a failing script
-    // is reported but does not keep the library loaded.
-    if (const ZStatus scripts = ZGlobal::executeCommand("typeUninitPlugin", false, false); !scripts)
-        reportApiError(scripts, kUnit);
-    return ZStatus::kSuccess;
+    status = ZGlobal::executeCommand("typeUninitPlugin", false, false);
+    if (!status)
+        return reportApiError(status, kUnit);
+    return status;
 }

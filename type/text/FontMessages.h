@@ -35,6 +35,11 @@ inline const ZStringResourceId kTypeMissingAllGlyphs{
 inline const ZStringResourceId kTypeErrorBBoxArray{"Type", "kTypeErrorBBoxArray",
                                                    "Unable to load character bounds."};
 inline const ZStringResourceId kTypeLoadingFonts{"Type", "kTypeLoadingFonts", "Loading Fonts"};
+// A numeric setting that is not a number, or far past anything a scene could
+// use: the attribute, its value, and the lowest and highest usable values.
+inline const ZStringResourceId kTypeUnusableValue{
+    "Type", "kTypeUnusableValue",
+    "The value of ^1s (^2s) is not suitable for Type. Please enter a value from ^3s to ^4s."};
 
 } // namespace fontMessages
 

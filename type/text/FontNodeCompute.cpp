@@ -13,9 +13,11 @@
 #include "text/PreLayoutPath.h"
 #include "text/TextLayoutPath.h"
 #include "text/TextToMesh.h"
+#include "text/UsableValue.h"
 
 #include <OpenZyvo/ZComputation.h>
 #include <OpenZyvo/ZDataBlock.h>
+#include <OpenZyvo/ZFnAttribute.h>
 #include <OpenZyvo/ZFnDoubleArrayData.h>
 #include <OpenZyvo/ZFnIntArrayData.h>
 #include <OpenZyvo/ZFnStringArrayData.h>
@@ -27,7 +29,6 @@
 #include <cstdio>
 #include <initializer_list>
 #include <iostream>
-#include <source_location>
 #include <vector>
 
 namespace type {
@@ -76,7 +77,7 @@ bool isManipulatorOutput(const ZObject& attribute) {
 // nothing, so a stage can read all of its values and test once.
 class NodeValues {
 public:
-    using Where = std::source_location;
+    using Where = SourceLine;
 
     explicit NodeValues(ZDataBlock& block)
         : m_block(block) {}
@@ -138,27 +139,64 @@ std::string layoutTokens(const std::string& hexBytes) {
     return tokens;
 }
 
-void readLayoutSettings(NodeValues& values, TypeSettings& settings) {
-    settings.fontSize = values.input(fontNode::fontSize).asFloat();
+// Bounds far past anything a scene lays out, within which every path keeps
+// finite, exact coordinates: outlines scaled by them stay well inside the
+// integer range the pre-layout and legacy paths clip in.
+constexpr UsableRange kUsableSize{-1.0e5, 1.0e5};
+constexpr UsableRange kUsableScale{-1.0e3, 1.0e3};
+constexpr UsableRange kUsableTracking{-1.0e4, 1.0e4};
+constexpr UsableRange kUsableThreshold{-1.0e5, 1.0e5};
+constexpr UsableRange kUsableAdjustment{-1.0e6, 1.0e6};
+
+ZString attributeName(const ZObject& attribute) {
+    return ZFnAttribute(attribute).name();
+}
+
+// Reads the numeric settings; the first that is not usable is kept for the
+// node to report.
+class SettingReader {
+public:
+    explicit SettingReader(NodeValues& values)
+        : m_values(values) {}
+
+    double number(const ZObject& attribute, const UsableRange& range) {
+        const double value = m_values.input(attribute).asFloat();
+        if (!m_unusable)
+            m_unusable = unusableValue(attributeName(attribute), value, range);
+        return value;
+    }
+
+    const std::optional<FontMessage>& unusable() const { return m_unusable; }
+
+private:
+    NodeValues& m_values;
+    std::optional<FontMessage> m_unusable;
+};
+
+// Returns the message for the first numeric setting that cannot be used.
+std::optional<FontMessage> readLayoutSettings(NodeValues& values, TypeSettings& settings) {
+    SettingReader read(values);
+    settings.fontSize = read.number(fontNode::fontSize, kUsableSize);
     settings.curveResolution =
         std::clamp(values.input(fontNode::curveResolution).asInt(), kMinCurveResolution, kMaxCurveResolution);
-    settings.kerningScale = values.input(fontNode::kerningScale).asFloat();
-    settings.leadingScale = values.input(fontNode::leadingScale).asFloat();
-    settings.spaceWidthScale = values.input(fontNode::spaceWidthScale).asFloat();
-    settings.tracking = values.input(fontNode::tracking).asFloat();
+    settings.kerningScale = static_cast<float>(read.number(fontNode::kerningScale, kUsableScale));
+    settings.leadingScale = static_cast<float>(read.number(fontNode::leadingScale, kUsableScale));
+    settings.spaceWidthScale = static_cast<float>(read.number(fontNode::spaceWidthScale, kUsableScale));
+    settings.tracking = static_cast<float>(read.number(fontNode::tracking, kUsableTracking));
     settings.alignment = static_cast<AlignmentMode>(values.input(fontNode::alignmentMode).asShort());
     settings.thinning.removeColinear = values.input(fontNode::removeColinear).asBool();
-    settings.thinning.colinearAngle = values.input(fontNode::colinearAngle).asFloat();
+    settings.thinning.colinearAngle = read.number(fontNode::colinearAngle, kUsableThreshold);
     settings.thinning.enableDistanceFilter = values.input(fontNode::enableDistanceFilter).asBool();
-    settings.thinning.pointDistanceFilter = values.input(fontNode::pointDistanceFilter).asFloat();
+    settings.thinning.pointDistanceFilter = read.number(fontNode::pointDistanceFilter, kUsableThreshold);
     settings.setParity = values.input(fontNode::setParity).asBool();
     settings.subdivideEdges = values.input(fontNode::deformableType).asBool();
     settings.subdivision.maxDivisions =
         std::clamp(values.input(fontNode::maxDivisions).asInt(), kMinDivisions, kMaxDivisions);
     settings.subdivision.maxEdgeLength =
-        std::max(static_cast<double>(values.input(fontNode::maxEdgeLength).asFloat()), kMinEdgeLength);
+        std::max(read.number(fontNode::maxEdgeLength, kUsableThreshold), kMinEdgeLength);
     settings.legacyDecomposition = values.input(fontNode::legacyDecomposition).asBool();
     settings.preTLDecompose = values.input(fontNode::preTLDecompose).asBool();
+    return read.unusable();
 }
 
 // Reading the font folders can take a while: the host shows it is busy and
@@ -247,22 +285,16 @@ ZVector asVector(const std::array<double, 3>& values) {
     return {values[0], values[1], values[2]};
 }
 
-// Shows each message and keeps their texts for "fontError", one per line.
-class FontErrors {
-public:
-    void add(const FontMessage& message) {
-        const ZString text = message.text();
-        ZPxCommand::displayError(text);
-        if (!m_text.isEmpty())
-            m_text += '\n';
-        m_text += text;
+// Shows the messages of an evaluation in order and returns the text of the
+// last, which is what "fontError" holds.
+ZString shown(const std::vector<FontMessage>& messages) {
+    ZString last;
+    for (const FontMessage& message : messages) {
+        last = message.text();
+        ZPxCommand::displayError(last);
     }
-
-    const ZString& text() const { return m_text; }
-
-private:
-    ZString m_text;
-};
+    return last;
+}
 
 } // namespace
 
@@ -272,6 +304,11 @@ ZStatus fontNode::compute(const ZPlug& plug, ZDataBlock& block) {
 
 ZStatus FontNodeCompute::compute(const ZObject& node, const ZPlug& plug, ZDataBlock& block) {
     const ZObject attribute = plug.attribute();
+    // "alignmentAdjustments" sits under "manipulatorTransforms", so every
+    // manipulator edit marks it dirty too. While the mesh is clean nothing it
+    // depends on changed, and the offsets written with the mesh still hold.
+    if (attribute == fontNode::alignmentAdjustments && block.isClean(fontNode::outputMesh))
+        return block.setClean(attribute);
     if (isPipelineOutput(attribute))
         return computeOutputs(node, block);
     if (isManipulatorOutput(attribute))
@@ -279,29 +316,19 @@ ZStatus FontNodeCompute::compute(const ZObject& node, const ZPlug& plug, ZDataBl
     return ZStatus::kUnknownParameter;
 }
 
-ZStatus FontNodeCompute::computeOutputs(const ZObject& node, ZDataBlock& block) {
-    NodeValues values(block);
-    const ZString family = values.input(fontNode::currentFont).asString();
-    const ZString style = values.input(fontNode::currentStyle).asString();
-    TypeSettings settings;
-    readLayoutSettings(values, settings);
-    if (!values.status())
-        return values.status();
-
-    if (m_catalogue.isEmpty())
-        scanCatalogue(m_catalogue);
-    FontErrors errors;
+std::optional<LayoutResult> FontNodeCompute::layOutText(const ZObject& node, ZDataBlock& block,
+                                                        const ZString& family, const ZString& style,
+                                                        TypeSettings& settings,
+                                                        std::vector<FontMessage>& messages) {
     const FontSelection selection = selectFont(m_catalogue, family, style);
     if (selection.message)
-        errors.add(*selection.message);
+        messages.push_back(*selection.message);
     if (!m_face || m_face->path != selection.path || m_face->faceIndex != selection.faceIndex) {
         m_face.reset();
         auto loaded = FontFace::load(selection.path, selection.faceIndex);
         if (const FontMessage* failure = std::get_if<FontMessage>(&loaded)) {
-            errors.add(*failure);
-            values.stored(fontNode::fontError).set(errors.text());
-            values.setClean(fontNode::fontError);
-            return ZStatus::kFailure;
+            messages.push_back(*failure);
+            return std::nullopt;
         }
         m_face.emplace(
             LoadedFace{selection.path, selection.faceIndex, std::move(std::get<FontFace>(loaded))});
@@ -326,8 +353,38 @@ ZStatus FontNodeCompute::computeOutputs(const ZObject& node, ZDataBlock& block) 
         layout = decomposeTextLayout(settings, m_glyphs);
         break;
     }
-    for (const FontMessage& message : layout.messages)
-        errors.add(message);
+    messages.insert(messages.end(), layout.messages.begin(), layout.messages.end());
+    return layout;
+}
+
+ZStatus FontNodeCompute::computeOutputs(const ZObject& node, ZDataBlock& block) {
+    NodeValues values(block);
+    const ZString family = values.input(fontNode::currentFont).asString();
+    const ZString style = values.input(fontNode::currentStyle).asString();
+    TypeSettings settings;
+    const std::optional<FontMessage> unusable = readLayoutSettings(values, settings);
+    if (!values.status())
+        return values.status();
+
+    if (m_catalogue.isEmpty())
+        scanCatalogue(m_catalogue);
+    // A setting that cannot be used leaves the text out: the mesh and the
+    // arrays beside it are written empty, and the message says why.
+    std::vector<FontMessage> messages;
+    std::optional<LayoutResult> laidOut;
+    if (unusable) {
+        messages.push_back(*unusable);
+        laidOut.emplace();
+    } else {
+        laidOut = layOutText(node, block, family, style, settings, messages);
+    }
+    const ZString fontError = shown(messages);
+    if (!laidOut) {
+        values.stored(fontNode::fontError).set(fontError);
+        values.setClean(fontNode::fontError);
+        return ZStatus::kFailure;
+    }
+    const LayoutResult& layout = *laidOut;
 
     ZObject mesh;
     if (const ZStatus built = textToMesh(layout, mesh); !built)
@@ -346,7 +403,7 @@ ZStatus FontNodeCompute::computeOutputs(const ZObject& node, ZDataBlock& block) 
     values.setData(fontNode::holeInfo, intArray(layout.holeInfo, values));
     m_characterBoxes = layout.boxMax.size();
 
-    values.stored(fontNode::fontError).set(errors.text());
+    values.stored(fontNode::fontError).set(fontError);
     values.stored(fontNode::homeFolder).set(homeFolder());
     values.stored(fontNode::fontList).set(joinedLines(m_catalogue.familyNames()));
     values.stored(fontNode::styleList).set(joinedLines(m_catalogue.styleNames(family)));
@@ -367,12 +424,14 @@ ZStatus FontNodeCompute::computeOutputs(const ZObject& node, ZDataBlock& block) 
 
 ZStatus FontNodeCompute::computeManipulatorTransforms(ZDataBlock& block) {
     NodeValues values(block);
-    // Brings the full evaluation up to date first when the text or layout
-    // changed; otherwise these are the clean values of the last one.
+    // An edit is stored against the text of the last full evaluation; only
+    // when the text or its layout changed since is that brought up to date
+    // first. A drag of the manipulator decomposes nothing.
+    if (!block.isClean(fontNode::outputMesh))
+        values.input(fontNode::outputMesh);
     const ZDoubleArray perCharacter = evaluatedDoubles(values, fontNode::solidsPerCharacter);
     const ZDoubleArray perWord = evaluatedDoubles(values, fontNode::solidsPerWord);
     const ZDoubleArray perLine = evaluatedDoubles(values, fontNode::solidsPerLine);
-    values.input(fontNode::alignmentAdjustments);
 
     ManipulatorArrays arrays;
     arrays.characters = {storedVectors(values, fontNode::manipulatorPositionsPP),
@@ -388,11 +447,26 @@ ZStatus FontNodeCompute::computeManipulatorTransforms(ZDataBlock& block) {
     ManipulatorEdit edit;
     edit.mode = static_cast<ManipulatorMode>(values.stored(fontNode::manipulatorMode).asShort());
     edit.id = values.stored(fontNode::manipulateId).asInt();
-    edit.position = asVector(values.input(fontNode::positionAdjust).asDouble3());
-    edit.rotation = asVector(values.input(fontNode::rotationAdjust).asDouble3());
-    edit.scale = asVector(values.input(fontNode::scaleAdjust).asDouble3());
+    std::optional<FontMessage> unusable;
+    const auto adjustment = [&](const ZObject& attribute) {
+        const std::array<double, 3> value = values.input(attribute).asDouble3();
+        for (const double component : value)
+            if (!unusable)
+                unusable = unusableValue(attributeName(attribute), component, kUsableAdjustment);
+        return asVector(value);
+    };
+    edit.position = adjustment(fontNode::positionAdjust);
+    edit.rotation = adjustment(fontNode::rotationAdjust);
+    edit.scale = adjustment(fontNode::scaleAdjust);
     if (!values.status())
         return values.status();
+    // An edit that cannot be used is shown and not stored: the stored edits
+    // stay as they were.
+    if (unusable) {
+        ZPxCommand::displayError(unusable->text());
+        values.setClean(fontNode::manipulatorTransforms);
+        return values.status();
+    }
 
     const ShellGrouping grouping{perCharacter.asVector(), perWord.asVector(), perLine.asVector()};
     const std::optional<ManipulatorPlacement> placement =

@@ -3,11 +3,14 @@
 #include "text/FontCatalogue.h"
 #include "text/FontFace.h"
 #include "text/GlyphOutlineCache.h"
+#include "text/LayoutResult.h"
+#include "text/TypeSettings.h"
 
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 class ZDataBlock;
 class ZPlug;
@@ -22,6 +25,11 @@ namespace type {
 // and cleans all of those outputs, so the others are then served without
 // decomposing again. Asking for "manipulatorTransforms" or one of its arrays
 // only stores the manipulator's edit. Other plugs are left to the host.
+//
+// A numeric setting that is not a finite number, or lies far past anything a
+// scene could use, is shown as an error and leaves the text out: the mesh and
+// the arrays beside it are written empty. "fontError" holds the last message
+// an evaluation showed.
 //
 // Kept between evaluations:
 // - the font catalogue, scanned at the first evaluation, for the node's life;
@@ -48,6 +56,11 @@ private:
     };
 
     ZStatus computeOutputs(const ZObject& node, ZDataBlock& block);
+    // Font, text, layout and decomposition; nothing when the font cannot be
+    // loaded. The messages to show are added to `messages` in order.
+    std::optional<LayoutResult> layOutText(const ZObject& node, ZDataBlock& block, const ZString& family,
+                                           const ZString& style, TypeSettings& settings,
+                                           std::vector<FontMessage>& messages);
     ZStatus computeManipulatorTransforms(ZDataBlock& block);
 
     FontCatalogue m_catalogue;

@@ -14,13 +14,14 @@ namespace type {
 std::string encodeHexText(std::string_view bytes);
 
 // One byte per blank-separated piece. Runs of blanks (and the trailing blank
-// the encoder writes) give no piece; a piece that is not entirely hexadecimal
-// digits reads 0, and a larger number keeps its low byte.
+// the encoder writes) give no piece; a piece that is not an unsigned 32-bit
+// hexadecimal number (other characters, or more bits) reads 0, and a larger
+// number keeps its low byte.
 std::string decodeHexText(std::string_view hexText);
 
 // One UTF-16 code unit per blank-separated token, each read as an unsigned
-// hexadecimal number (a token that is not one reads 0; a larger number keeps
-// its low 16 bits).
+// 32-bit hexadecimal number (a token that is not one reads 0; a larger number
+// keeps its low 16 bits).
 QString hexTokensToQString(const std::string& hexTokens);
 
 } // namespace type

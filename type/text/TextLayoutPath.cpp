@@ -68,8 +68,6 @@ public:
 
     std::vector<OutlineSlot>& outlines() { return m_outlines; }
     const std::vector<std::vector<GlyphPlacement>>& lines() const { return m_lines; }
-    int missingGlyphs() const { return m_missing; }
-    int foundGlyphs() const { return m_found; }
 
 private:
     void placeRun(const QGlyphRun& run, std::vector<GlyphPlacement>& line) {
@@ -88,7 +86,6 @@ private:
                 line.push_back({});
                 continue;
             }
-            ++(glyphs[i] == 0 ? m_missing : m_found);
             line.push_back({pathIndex, m_settings.kerningScale * (m_extraX + positions[i].x()), m_lineY});
         }
     }
@@ -121,8 +118,6 @@ private:
     std::vector<std::vector<GlyphPlacement>> m_lines;
     double m_lineY = 0.0;
     double m_extraX = 0.0;
-    int m_missing = 0;
-    int m_found = 0;
 };
 
 // One task per glyph outline not in the cache; each writes only its own slot.
@@ -165,14 +160,6 @@ std::vector<Shape> placeShapes(const std::vector<Shape>& shapes, const GlyphPlac
     return placed;
 }
 
-void reportMissingGlyphs(const LineLayout& layout, LayoutResult& result) {
-    if (layout.missingGlyphs() == 0)
-        return;
-    result.messages.push_back(
-        {layout.foundGlyphs() > 0 ? fontMessages::kTypeMissingGlyphs : fontMessages::kTypeMissingAllGlyphs,
-         {}});
-}
-
 } // namespace
 
 LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache& cache) {
@@ -212,7 +199,6 @@ LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache
         }
         grouping.endLine();
     }
-    reportMissingGlyphs(layout, result);
     return result;
 }
 

@@ -15,10 +15,9 @@ namespace type {
 // on to all later lines, which older scenes were laid out with.
 //
 // When Qt cannot start, the result holds only kTypeErrorInitFont, and when the
-// font has no line height only kTypeNoLoadFont. A character
-// that no face has a glyph for is drawn as the font's missing-glyph shape and
-// reported as kTypeMissingGlyphs, or kTypeMissingAllGlyphs when no character
-// of the text was found.
+// font has no line height only kTypeNoLoadFont. A character the font lacks is
+// left to Qt's font fallback, which draws it from another face or, when no
+// face has it, as the missing-glyph shape; neither is an error here.
 LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache& cache);
 
 } // namespace type

@@ -59,5 +59,24 @@ TEST_F(PluginUnload, StopsWhenTheDrawOverrideCannotBeRemoved) {
     EXPECT_TRUE(ZHWRender::ZDrawRegistry::hasDrawOverride(kPointsClassification));
 }
 
+// The host must learn that the plug-in's scripts could not take their menus
+// down; everything else is gone by then, and the plug-in loads again.
+TEST_F(PluginUnload, AFailedUninitScriptFailsTheUnload) {
+    python("import zyvo\n"
+           "def failingUninit():\n"
+           "    raise RuntimeError('menus could not be removed')\n"
+           "zyvo.registerProcedure('typeUninitPlugin', failingUninit)");
+
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(run("unloadPlugin Type"));
+    const std::string errors = testing::internal::GetCapturedStderr();
+
+    EXPECT_NE(errors.find("\nAPI error detected in pluginMain at line "), std::string::npos) << errors;
+    EXPECT_EQ(number("pluginInfo -q -loaded Type"), 0);
+    EXPECT_FALSE(ZHWRender::ZDrawRegistry::hasDrawOverride(kPointsClassification));
+    ASSERT_TRUE(run("loadPlugin Type"));
+    EXPECT_EQ(text("createNode type"), "type1");
+}
+
 } // namespace
 } // namespace typetest

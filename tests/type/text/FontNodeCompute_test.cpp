@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <limits>
+#include <string>
 
 namespace type {
 namespace {
@@ -228,6 +230,117 @@ TEST_F(FontNodeEvaluation, StoresManipulatorEditsPerElement) {
     setText("Hi");
     EXPECT_THAT(vectors(fontNode::manipulatorPositionsPP), ElementsAre(ZVector(), ZVector()));
     EXPECT_THAT(vectors(fontNode::manipulatorWordPositionsPP), ElementsAre(ZVector(4, 5, 6)));
+}
+
+// Values that are not numbers, or far past any scene, used to reach the
+// mesh as NaN or overflowing points that only an exporter noticed.
+TEST_F(FontNodeEvaluation, UnusableSettingsGiveAnEmptyMeshAndAMessage) {
+    setText("Ag");
+    ASSERT_EQ(mesh().numPolygons(), 2);
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const float inf = std::numeric_limits<float>::infinity();
+    const struct {
+        const ZObject& attribute;
+        const char* name;
+        float value;
+        float usable;
+        const char* shown;
+    } cases[] = {
+        {fontNode::fontSize, "fontSize", nan, 20.0f, "nan"},
+        {fontNode::fontSize, "fontSize", inf, 20.0f, "inf"},
+        {fontNode::fontSize, "fontSize", -1e30f, 20.0f, "-1e+30"},
+        {fontNode::kerningScale, "kerningScale", nan, 1.0f, "nan"},
+        {fontNode::spaceWidthScale, "spaceWidthScale", -inf, 1.0f, "-inf"},
+        {fontNode::leadingScale, "leadingScale", 1e20f, 1.0f, "1e+20"},
+        {fontNode::tracking, "tracking", nan, 0.0f, "nan"},
+        {fontNode::colinearAngle, "colinearAngle", nan, 0.2f, "nan"},
+        {fontNode::pointDistanceFilter, "pointDistanceFilter", inf, 0.2f, "inf"},
+        {fontNode::maxEdgeLength, "maxEdgeLength", nan, 5.0f, "nan"},
+    };
+    for (const auto& bad : cases) {
+        SCOPED_TRACE(std::string(bad.name) + " " + bad.shown);
+        ASSERT_TRUE(plug(bad.attribute).setValue(bad.value));
+        ::testing::internal::CaptureStderr();
+        EXPECT_EQ(mesh().numVertices(), 0);
+        const std::string shown = ::testing::internal::GetCapturedStderr();
+        EXPECT_EQ(mesh().numPolygons(), 0);
+        EXPECT_THAT(doubles(fontNode::vertsPerChar), IsEmpty());
+        EXPECT_THAT(doubles(fontNode::solidsPerCharacter), IsEmpty());
+        EXPECT_THAT(vectors(fontNode::characterBoundingBoxesMax), IsEmpty());
+        EXPECT_EQ(plug(fontNode::numberOfShells).asInt(), 0);
+        const std::string message = plug(fontNode::fontError).asString().asStdString();
+        EXPECT_THAT(message, HasSubstr(std::string("The value of ") + bad.name + " (" + bad.shown + ")"));
+        EXPECT_THAT(shown, HasSubstr(message));
+
+        ASSERT_TRUE(plug(bad.attribute).setValue(bad.usable));
+        EXPECT_EQ(mesh().numPolygons(), 2);
+        EXPECT_EQ(plug(fontNode::fontError).asString(), "");
+    }
+}
+
+// Every message is shown, but the field beside the font shows one: the last.
+TEST_F(FontNodeEvaluation, FontErrorHoldsTheLastMessageOnly) {
+    ASSERT_TRUE(plug(fontNode::legacyDecomposition).setValue(true));
+    ASSERT_TRUE(plug(fontNode::currentFont).setValue("No Such Family"));
+    setText("A\uE000");
+    ::testing::internal::CaptureStderr();
+    const std::string fontError = plug(fontNode::fontError).asString().asStdString();
+    const std::string shown = ::testing::internal::GetCapturedStderr();
+
+    const std::string missingGlyphs = "Some input characters are not available in the current font. "
+                                      "Try a different font or writing system.";
+    EXPECT_EQ(fontError, missingGlyphs);
+    EXPECT_THAT(shown, HasSubstr("The current font (No Such Family) is missing"));
+    EXPECT_THAT(shown, HasSubstr(missingGlyphs));
+}
+
+// Dragging the manipulator writes the adjust values many times a second; the
+// text, its font and its layout stay as they were, so its messages must not
+// be shown again with every step.
+TEST_F(FontNodeEvaluation, ManipulatorEditsDoNotDecomposeAgain) {
+    ASSERT_TRUE(plug(fontNode::currentFont).setValue("No Such Family"));
+    setText("Hi mom");
+    ASSERT_EQ(doubles(fontNode::solidsPerCharacter).size(), 5u);
+    ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Character)));
+    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(1));
+    const std::vector<double> offsets = doubles(fontNode::alignmentAdjustments);
+
+    ::testing::internal::CaptureStderr();
+    for (int step = 1; step <= 3; ++step) {
+        setTriple(fontNode::positionAdjust, step, 0, 0);
+        EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[1], ZVector(step, 0, 0));
+        EXPECT_EQ(doubles(fontNode::alignmentAdjustments), offsets);
+    }
+    setTriple(fontNode::rotationAdjust, 0, 0, 30);
+    setTriple(fontNode::scaleAdjust, 1, 1, 1);
+    EXPECT_EQ(vectors(fontNode::manipulatorScalesPP)[1], ZVector(1, 1, 1));
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+
+    // A new alignment is a new layout: the next edit brings it up to date.
+    ASSERT_TRUE(plug(fontNode::alignmentMode).setValue(static_cast<short>(AlignmentMode::Right)));
+    setTriple(fontNode::positionAdjust, 7, 0, 0);
+    EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[1], ZVector(7, 0, 0));
+    const std::vector<double> right = doubles(fontNode::alignmentAdjustments);
+    ASSERT_EQ(right.size(), 1u);
+    EXPECT_GT(right[0], 0.0);
+}
+
+TEST_F(FontNodeEvaluation, UnusableManipulatorEditsAreShownAndNotStored) {
+    setText("Hi");
+    ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Character)));
+    setTriple(fontNode::positionAdjust, 1, 2, 3);
+    ASSERT_THAT(vectors(fontNode::manipulatorPositionsPP), ElementsAre(ZVector(1, 2, 3), ZVector()));
+
+    setTriple(fontNode::positionAdjust, 4, std::numeric_limits<double>::quiet_NaN(), 6);
+    ::testing::internal::CaptureStderr();
+    EXPECT_THAT(vectors(fontNode::manipulatorPositionsPP), ElementsAre(ZVector(1, 2, 3), ZVector()));
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("The value of positionAdjust (nan)"));
+
+    setTriple(fontNode::positionAdjust, 0, 0, 0);
+    setTriple(fontNode::scaleAdjust, 1e300, 0, 0);
+    ::testing::internal::CaptureStderr();
+    EXPECT_THAT(vectors(fontNode::manipulatorScalesPP), ElementsAre(ZVector(), ZVector()));
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("The value of scaleAdjust (1e+300)"));
 }
 
 TEST_F(FontNodeEvaluation, OddSettingsStillGiveAConsistentMesh) {
