@@ -1,7 +1,11 @@
 #include "mesh/FaceTriangulation.h"
 
+#include "mesh/EarClipping.h"
 #include "mesh/GluTessellator.h"
+#include "mesh/LoopChecks.h"
 #include "mesh/Normals.h"
+#include "mesh/PlanarFace.h"
+#include "mesh/ShapeMemo.h"
 
 #include <algorithm>
 #include <numeric>
@@ -48,13 +52,62 @@ struct FaceRun {
     int32_t count;
 };
 
-// What one thread produces: its tessellator, reused across faces, and the triangles of the faces
-// it handled, to be scattered into face order afterwards.
+// What one thread produces: its cutters and memo, reused across faces, and the triangles of the
+// faces it handled, to be scattered into face order afterwards.
 struct Worker {
     GluTessellator tessellator;
+    EarClipper clipper;
+    ShapeMemo memo;
+    PlanarFace planar;
+    ShapeKey key;
+    std::vector<Triangle> local;
     std::vector<Triangle> triangles;
     std::vector<FaceRun> runs;
+    TriangulationCounts counts;
+
+    void cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
+    bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal);
 };
+
+// Appends a pattern of point indices within `face` as vertex ids.
+void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
+                   std::vector<Triangle>& out) {
+    for (const auto& [a, b, c] : pattern)
+        out.push_back({ids[a], ids[b], ids[c]});
+}
+
+bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal) {
+    const auto ids = faces.faceVertices(face);
+    const bool keyed = makeShapeKey(faces, points, face, projectionPlane(normal), key);
+    if (keyed) {
+        if (const auto* pattern = memo.find(key)) {
+            appendPattern(ids, *pattern, triangles);
+            ++counts.memo;
+            return true;
+        }
+    }
+    local.clear();
+    if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
+        !clipper.triangulate(planar, local))
+        return false;
+    appendPattern(ids, local, triangles);
+    if (keyed)
+        memo.store(key, local);
+    ++counts.planar;
+    return true;
+}
+
+void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
+    const Vector3 normal = faceNormal(faces, points, face);
+    if (faces.faceLoopCount(face) == 1 && triangulateSimple(faces.loop(face, 0), points, normal, triangles)) {
+        ++counts.simple;
+        return;
+    }
+    if (normal != Vector3{} && cutPlanar(faces, points, face, normal))
+        return;
+    tessellator.tessellate(faces, points, face, normal, triangles);
+    ++counts.tessellated;
+}
 
 } // namespace
 
@@ -66,10 +119,7 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
                           Worker& w = workers.local();
                           for (int32_t f = range.begin(); f != range.end(); ++f) {
                               const auto begin = static_cast<int32_t>(w.triangles.size());
-                              const Vector3 normal = faceNormal(faces, points, f);
-                              if (faces.faceLoopCount(f) != 1 ||
-                                  !triangulateSimple(faces.loop(f, 0), points, normal, w.triangles))
-                                  w.tessellator.tessellate(faces, points, f, normal, w.triangles);
+                              w.cut(faces, points, f);
                               w.runs.push_back({f, begin, static_cast<int32_t>(w.triangles.size()) - begin});
                           }
                       });
@@ -79,6 +129,7 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
     for (const Worker& w : workers) {
         for (const FaceRun& run : w.runs)
             result.faceTriangleStart[run.face + 1] = run.count;
+        result.counts += w.counts;
     }
     std::partial_sum(result.faceTriangleStart.begin(), result.faceTriangleStart.end(),
                      result.faceTriangleStart.begin());

@@ -1,0 +1,68 @@
+#include "mesh/ShapeMemo.h"
+
+#include <bit>
+
+namespace oz::mesh {
+
+namespace {
+
+// a - b when the difference is exact, which is when no bits of it were rounded away.
+bool exactDifference(double a, double b, double& difference) {
+    difference = a - b;
+    const double bVirtual = a - difference;
+    const double aVirtual = difference + bVirtual;
+    return (a - aVirtual) + (bVirtual - b) == 0.0;
+}
+
+uint64_t mix(uint64_t hash, uint64_t value) {
+    hash ^= value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2);
+    return hash;
+}
+
+uint64_t bitsOf(double value) {
+    // +0 and -0 are one offset.
+    return std::bit_cast<uint64_t>(value == 0.0 ? 0.0 : value);
+}
+
+} // namespace
+
+bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, int32_t plane,
+                  ShapeKey& key) {
+    key.plane = plane;
+    key.loopSizes.clear();
+    key.offsets.clear();
+    uint64_t hash = static_cast<uint64_t>(plane);
+    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l) {
+        key.loopSizes.push_back(static_cast<int32_t>(faces.loop(face, l).size()));
+        hash = mix(hash, static_cast<uint64_t>(key.loopSizes.back()));
+    }
+    const auto ids = faces.faceVertices(face);
+    const Point3 origin = points[ids[0]];
+    key.offsets.reserve(ids.size());
+    for (const int32_t id : ids) {
+        const Point3 p = points[id];
+        Vector3 d;
+        if (!exactDifference(p.x, origin.x, d.x) || !exactDifference(p.y, origin.y, d.y) ||
+            !exactDifference(p.z, origin.z, d.z))
+            return false;
+        key.offsets.push_back(d);
+        hash = mix(mix(mix(hash, bitsOf(d.x)), bitsOf(d.y)), bitsOf(d.z));
+    }
+    key.hash = hash;
+    return true;
+}
+
+const std::vector<Triangle>* ShapeMemo::find(const ShapeKey& key) const {
+    const auto [begin, end] = entries_.equal_range(key.hash);
+    for (auto it = begin; it != end; ++it) {
+        if (it->second.key == key)
+            return &it->second.pattern;
+    }
+    return nullptr;
+}
+
+void ShapeMemo::store(const ShapeKey& key, std::span<const Triangle> pattern) {
+    entries_.emplace(key.hash, Entry{key, {pattern.begin(), pattern.end()}});
+}
+
+} // namespace oz::mesh

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "mesh/FaceLoops.h"
+#include "mesh/Triangle.h"
+#include "mesh/Vec3.h"
+
+#include <cstdint>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+namespace oz::mesh {
+
+// A face's shape up to translation: its loop sizes, the plane it was laid flat on, and every point
+// relative to the first one. Only faces whose offsets are exact differences are keyed, so that two
+// faces with equal keys are exact translates of each other and the same cut fits both.
+struct ShapeKey {
+    int32_t plane = 0;
+    std::vector<int32_t> loopSizes;
+    std::vector<Vector3> offsets;
+    uint64_t hash = 0;
+
+    friend bool operator==(const ShapeKey&, const ShapeKey&) = default;
+};
+
+// Fills `key` for `face` laid flat on `plane` (any value that names the projection). Returns false
+// when an offset cannot be represented exactly; such a face is not memoised.
+bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, int32_t plane,
+                  ShapeKey& key);
+
+// Triangle patterns (point indices within the face) of the shapes cut so far. Repeated letters
+// of a text are translated copies of one outline: each is cut once.
+class ShapeMemo {
+public:
+    // The pattern stored for exactly this shape, or null. The hash only finds candidates; the
+    // whole key is compared, so a different shape never gets a pattern that does not fit it.
+    const std::vector<Triangle>* find(const ShapeKey& key) const;
+    void store(const ShapeKey& key, std::span<const Triangle> pattern);
+
+private:
+    struct Entry {
+        ShapeKey key;
+        std::vector<Triangle> pattern;
+    };
+    std::unordered_multimap<uint64_t, Entry> entries_;
+};
+
+} // namespace oz::mesh
