@@ -37,12 +37,16 @@ Mesh holedFaces(int faceCount) {
 
 void BM_TriangulateFacesWithHoles(benchmark::State& state) {
     const Mesh mesh = holedFaces(static_cast<int>(state.range(0)));
+    TriangulationCounts counts;
     for (auto _ : state) {
         Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
         benchmark::DoNotOptimize(t.triangles.data());
+        counts = t.counts;
     }
     state.counters["points"] = mesh.vertexCount();
     state.counters["faces"] = mesh.faceCount();
+    state.counters["memo"] = counts.memo;
+    state.counters["glu"] = counts.tessellated;
 }
 BENCHMARK(BM_TriangulateFacesWithHoles)
     ->Arg(10000)

@@ -17,14 +17,10 @@ namespace oz::mesh {
 
 namespace {
 
-// A single triangle, or a strictly convex quad split along its shorter diagonal: the walls of an
-// extrusion are such quads, and they need no sweep.
-bool triangulateSimple(std::span<const int32_t> loop, std::span<const Point3> points, Vector3 normal,
+// A strictly convex quad, split along its shorter diagonal: the walls of an extrusion are such
+// quads, and they need no further checks.
+bool triangulateQuad(std::span<const int32_t> loop, std::span<const Point3> points, Vector3 normal,
                        std::vector<Triangle>& out) {
-    if (loop.size() == 3) {
-        out.push_back({loop[0], loop[1], loop[2]});
-        return true;
-    }
     if (loop.size() != 4 || normal == Vector3{})
         return false;
     for (size_t i = 0; i < 4; ++i) {
@@ -66,7 +62,8 @@ struct Worker {
     TriangulationCounts counts;
 
     void cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
-    bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal);
+    bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
+                   bool keyed);
 };
 
 // Appends a pattern of point indices within `face` as vertex ids.
@@ -76,21 +73,13 @@ void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> patte
         out.push_back({ids[a], ids[b], ids[c]});
 }
 
-bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal) {
-    const auto ids = faces.faceVertices(face);
-    const bool keyed = makeShapeKey(faces, points, face, projectionPlane(normal), key);
-    if (keyed) {
-        if (const auto* pattern = memo.find(key)) {
-            appendPattern(ids, *pattern, triangles);
-            ++counts.memo;
-            return true;
-        }
-    }
+bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
+                       bool keyed) {
     local.clear();
     if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
         !clipper.triangulate(planar, local))
         return false;
-    appendPattern(ids, local, triangles);
+    appendPattern(faces.faceVertices(face), local, triangles);
     if (keyed)
         memo.store(key, local);
     ++counts.planar;
@@ -98,12 +87,27 @@ bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, i
 }
 
 void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
-    const Vector3 normal = faceNormal(faces, points, face);
-    if (faces.faceLoopCount(face) == 1 && triangulateSimple(faces.loop(face, 0), points, normal, triangles)) {
+    const auto outer = faces.loop(face, 0);
+    if (faces.faceLoopCount(face) == 1 && outer.size() == 3) {
+        triangles.push_back({outer[0], outer[1], outer[2]});
         ++counts.simple;
         return;
     }
-    if (normal != Vector3{} && cutPlanar(faces, points, face, normal))
+    // A translated copy of a face cut before needs neither its normal nor any check.
+    const bool keyed = makeShapeKey(faces, points, face, key);
+    if (keyed) {
+        if (const auto* pattern = memo.find(key)) {
+            appendPattern(faces.faceVertices(face), *pattern, triangles);
+            ++counts.memo;
+            return;
+        }
+    }
+    const Vector3 normal = faceNormal(faces, points, face);
+    if (faces.faceLoopCount(face) == 1 && triangulateQuad(outer, points, normal, triangles)) {
+        ++counts.simple;
+        return;
+    }
+    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, keyed))
         return;
     tessellator.tessellate(faces, points, face, normal, triangles);
     ++counts.tessellated;

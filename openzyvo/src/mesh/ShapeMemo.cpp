@@ -1,10 +1,13 @@
 #include "mesh/ShapeMemo.h"
 
+#include <algorithm>
 #include <bit>
 
 namespace oz::mesh {
 
 namespace {
+
+constexpr size_t kHashedPoints = 8;
 
 // a - b when the difference is exact, which is when no bits of it were rounded away.
 bool exactDifference(double a, double b, double& difference) {
@@ -26,26 +29,29 @@ uint64_t bitsOf(double value) {
 
 } // namespace
 
-bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, int32_t plane,
-                  ShapeKey& key) {
-    key.plane = plane;
+bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, ShapeKey& key) {
     key.loopSizes.clear();
-    key.offsets.clear();
-    uint64_t hash = static_cast<uint64_t>(plane);
+    uint64_t hash = 0;
     for (int32_t l = 0; l < faces.faceLoopCount(face); ++l) {
         key.loopSizes.push_back(static_cast<int32_t>(faces.loop(face, l).size()));
         hash = mix(hash, static_cast<uint64_t>(key.loopSizes.back()));
     }
     const auto ids = faces.faceVertices(face);
     const Point3 origin = points[ids[0]];
-    key.offsets.reserve(ids.size());
-    for (const int32_t id : ids) {
-        const Point3 p = points[id];
-        Vector3 d;
-        if (!exactDifference(p.x, origin.x, d.x) || !exactDifference(p.y, origin.y, d.y) ||
-            !exactDifference(p.z, origin.z, d.z))
-            return false;
-        key.offsets.push_back(d);
+    key.offsets.resize(ids.size());
+    bool exact = true;
+    for (size_t i = 0; i < ids.size(); ++i) {
+        const Point3 p = points[ids[i]];
+        Vector3& d = key.offsets[i];
+        exact &= exactDifference(p.x, origin.x, d.x) & exactDifference(p.y, origin.y, d.y) &
+                 exactDifference(p.z, origin.z, d.z);
+    }
+    if (!exact)
+        return false;
+    // A sample of the offsets spreads the keys well enough; equal keys are compared in full.
+    const size_t step = std::max<size_t>(1, ids.size() / kHashedPoints);
+    for (size_t i = 0; i < ids.size(); i += step) {
+        const Vector3 d = key.offsets[i];
         hash = mix(mix(mix(hash, bitsOf(d.x)), bitsOf(d.y)), bitsOf(d.z));
     }
     key.hash = hash;

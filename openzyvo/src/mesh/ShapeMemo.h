@@ -11,11 +11,10 @@
 
 namespace oz::mesh {
 
-// A face's shape up to translation: its loop sizes, the plane it was laid flat on, and every point
-// relative to the first one. Only faces whose offsets are exact differences are keyed, so that two
-// faces with equal keys are exact translates of each other and the same cut fits both.
+// A face's shape up to translation: its loop sizes and every point relative to the first one. Only
+// faces whose offsets are exact differences are keyed, so that two faces with equal keys are exact
+// translates of each other and the same cut fits both: every turn of every triangle is the same.
 struct ShapeKey {
-    int32_t plane = 0;
     std::vector<int32_t> loopSizes;
     std::vector<Vector3> offsets;
     uint64_t hash = 0;
@@ -23,10 +22,9 @@ struct ShapeKey {
     friend bool operator==(const ShapeKey&, const ShapeKey&) = default;
 };
 
-// Fills `key` for `face` laid flat on `plane` (any value that names the projection). Returns false
-// when an offset cannot be represented exactly; such a face is not memoised.
-bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, int32_t plane,
-                  ShapeKey& key);
+// Fills `key` for `face`. Returns false when an offset cannot be represented exactly; such a face
+// is not memoised.
+bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, ShapeKey& key);
 
 // Triangle patterns (point indices within the face) of the shapes cut so far. Repeated letters
 // of a text are translated copies of one outline: each is cut once.
