@@ -9,6 +9,15 @@ namespace {
 
 // How far off its plane a point may lie, relative to the face's extent, and still count as on it.
 constexpr double kPlaneTolerance = 1e-9;
+// The exact predicates stay exact while no product of coordinate differences underflows or
+// overflows; coordinates outside these magnitudes (other than zero) go to the sweep.
+constexpr double kSmallestMagnitude = 1e-100;
+constexpr double kLargestMagnitude = 1e100;
+
+bool exactlyUsable(double c) {
+    const double magnitude = std::abs(c);
+    return c == 0.0 || (magnitude >= kSmallestMagnitude && magnitude <= kLargestMagnitude);
+}
 
 } // namespace
 
@@ -51,6 +60,8 @@ bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t
         if (!isFinite(p))
             return false;
         const double c[3] = {p.x, p.y, p.z};
+        if (!exactlyUsable(c[u]) || !exactlyUsable(c[v]))
+            return false;
         out.points[i] = {c[u], c[v]};
         const Vector3 d = p - origin;
         extent = std::max({extent, std::abs(d.x), std::abs(d.y), std::abs(d.z)});

@@ -30,7 +30,8 @@ struct PlanarFace {
 int32_t projectionPlane(Vector3 normal);
 
 // Lays `face` flat along `normal` (non-zero) into `out`. Returns false, leaving `out` unspecified,
-// when a point is not finite or lies off the face's plane by more than a rounding-sized margin.
+// when a point is not finite, has a coordinate too small or too large for exact predicates, or lies
+// off the face's plane by more than a rounding-sized margin.
 bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
                  PlanarFace& out);
 
