@@ -8,10 +8,6 @@ namespace oz::mesh {
 
 namespace {
 
-// Relative error bound of the plain determinant (Shewchuk's first stage): beyond it, the rounded
-// value has the exact sign.
-constexpr double kFilterBound = 3.3306690738754716e-16;
-
 struct Pair {
     double high;
     double low;
@@ -61,6 +57,8 @@ template <size_t N> int signOfSum(const std::array<double, N>& terms) {
     return 0;
 }
 
+} // namespace
+
 int exactOrientation(Point2 a, Point2 b, Point2 c) {
     const Pair bx = twoDifference(b.x, a.x);
     const Pair by = twoDifference(b.y, a.y);
@@ -83,29 +81,6 @@ int exactOrientation(Point2 a, Point2 b, Point2 c) {
         }
     }
     return signOfSum(terms);
-}
-
-} // namespace
-
-int orientation(Point2 a, Point2 b, Point2 c) {
-    const double left = (b.x - a.x) * (c.y - a.y);
-    const double right = (b.y - a.y) * (c.x - a.x);
-    const double det = left - right;
-    double sum = 0.0;
-    if (left > 0.0) {
-        if (right <= 0.0)
-            return det > 0.0 ? 1 : (det < 0.0 ? -1 : 0);
-        sum = left + right;
-    } else if (left < 0.0) {
-        if (right >= 0.0)
-            return det > 0.0 ? 1 : (det < 0.0 ? -1 : 0);
-        sum = -left - right;
-    } else {
-        return right < 0.0 ? 1 : (right > 0.0 ? -1 : 0);
-    }
-    if (std::abs(det) >= kFilterBound * sum)
-        return det > 0.0 ? 1 : -1;
-    return exactOrientation(a, b, c);
 }
 
 bool segmentsTouch(Point2 a, Point2 b, Point2 c, Point2 d) {
