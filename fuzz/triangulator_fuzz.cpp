@@ -1,7 +1,7 @@
 // Random holed faces, rich in collinear, nearly collinear and nearly touching points: every face
 // the loop checks accept must be cut exactly (by ear clipping or from the shape memo), covering
 // what the GLU sweep covers, and only faces they reject may reach the sweep.
-#include "CutChecks.h"
+#include "../tests/openzyvo/mesh/CutChecks.h"
 #include "mesh/FaceTriangulation.h"
 #include "mesh/GluTessellator.h"
 #include "mesh/LoopChecks.h"
