@@ -195,7 +195,7 @@ void evaluateFlat(benchmark::State& state, const std::string& text) {
 void BM_T7Flat(benchmark::State& state) {
     evaluateFlat(state, "3D Type");
 }
-BENCHMARK(BM_T7Flat)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_T7Flat)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
 void BM_P1000Flat(benchmark::State& state) {
     const auto text = sharedWorkload("p1000.txt");
@@ -206,7 +206,7 @@ void BM_P1000Flat(benchmark::State& state) {
     }
     evaluateFlat(state, *text);
 }
-BENCHMARK(BM_P1000Flat)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_P1000Flat)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
 // The same text typed over by one character on a node that has drawn it: layout, mesh and cut
 // are redone, no glyph is decomposed.
@@ -231,7 +231,7 @@ void BM_P1000FlatAfterOneEdit(benchmark::State& state) {
         scene.evaluateTriangles();
     }
 }
-BENCHMARK(BM_P1000FlatAfterOneEdit)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_P1000FlatAfterOneEdit)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
 } // namespace
 } // namespace type

@@ -21,7 +21,6 @@ int32_t EarClipper::addNode(Point2 p, int32_t index, int32_t after) {
     const auto node = static_cast<int32_t>(point_.size());
     point_.push_back(p);
     index_.push_back(index);
-    removed_.push_back(0);
     if (after < 0) {
         prev_.push_back(node);
         next_.push_back(node);
@@ -179,21 +178,25 @@ void EarClipper::buildGrid(int32_t start) {
     gridOrigin_ = lo;
     columns_ = static_cast<int32_t>((hi.x - lo.x) / cellSize_) + 1;
     rows_ = static_cast<int32_t>((hi.y - lo.y) / cellSize_) + 1;
-    cellStart_.assign(static_cast<size_t>(columns_) * rows_ + 1, 0);
-    auto cellOf = [&](Point2 p) {
-        const auto cx = std::min(columns_ - 1, static_cast<int32_t>((p.x - lo.x) / cellSize_));
-        const auto cy = std::min(rows_ - 1, static_cast<int32_t>((p.y - lo.y) / cellSize_));
-        return static_cast<size_t>(cy) * columns_ + cx;
-    };
-    for (const Point2& p : point_)
-        ++cellStart_[cellOf(p) + 1];
-    for (size_t i = 1; i < cellStart_.size(); ++i)
-        cellStart_[i] += cellStart_[i - 1];
-    cellNodes_.resize(point_.size());
-    std::vector<int32_t> fill(cellStart_.begin(), cellStart_.end() - 1);
-    for (size_t n = 0; n < point_.size(); ++n)
-        cellNodes_[fill[cellOf(point_[n])]++] = static_cast<int32_t>(n);
+    cellHead_.assign(static_cast<size_t>(columns_) * rows_, -1);
+    cellNext_.assign(point_.size(), -1);
+    cellPrev_.assign(point_.size(), -1);
+    for (size_t n = 0; n < point_.size(); ++n) {
+        const Point2 p = point_[n];
+        int32_t& head = cellHead_[cellOf(p)];
+        const auto node = static_cast<int32_t>(n);
+        cellNext_[node] = head;
+        if (head >= 0)
+            cellPrev_[head] = node;
+        head = node;
+    }
     gridded_ = true;
+}
+
+size_t EarClipper::cellOf(Point2 p) const {
+    const auto x = std::min(columns_ - 1, static_cast<int32_t>((p.x - gridOrigin_.x) / cellSize_));
+    const auto y = std::min(rows_ - 1, static_cast<int32_t>((p.y - gridOrigin_.y) / cellSize_));
+    return static_cast<size_t>(y) * columns_ + x;
 }
 
 bool EarClipper::blocks(int32_t node, Point2 a, Point2 b, Point2 c) const {
@@ -232,12 +235,8 @@ bool EarClipper::isEar(int32_t ear) const {
     const auto y1 = std::min(rows_ - 1, static_cast<int32_t>((maxY - gridOrigin_.y) / cellSize_));
     for (int32_t y = y0; y <= y1; ++y) {
         for (int32_t x = x0; x <= x1; ++x) {
-            const size_t cell = static_cast<size_t>(y) * columns_ + x;
-            for (int32_t k = cellStart_[cell]; k < cellStart_[cell + 1]; ++k) {
-                const int32_t p = cellNodes_[k];
-                if (removed_[p] || p == prev || p == ear || p == next)
-                    continue;
-                if (!outsideBox(point_[p]) && blocks(p, a, b, c))
+            for (int32_t p = cellHead_[static_cast<size_t>(y) * columns_ + x]; p >= 0; p = cellNext_[p]) {
+                if (p != prev && p != ear && p != next && !outsideBox(point_[p]) && blocks(p, a, b, c))
                     return false;
             }
         }
@@ -248,7 +247,18 @@ bool EarClipper::isEar(int32_t ear) const {
 void EarClipper::unlink(int32_t node) {
     next_[prev_[node]] = next_[node];
     prev_[next_[node]] = prev_[node];
-    removed_[node] = 1;
+    if (!gridded_)
+        return;
+    // Out of its cell too, so that searches never walk past clipped points.
+    const int32_t before = cellPrev_[node];
+    const int32_t after = cellNext_[node];
+    if (after >= 0)
+        cellPrev_[after] = before;
+    if (before >= 0) {
+        cellNext_[before] = after;
+    } else {
+        cellHead_[cellOf(point_[node])] = after;
+    }
 }
 
 bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out) {
@@ -256,7 +266,6 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
     index_.clear();
     prev_.clear();
     next_.clear();
-    removed_.clear();
     holes_.clear();
     gridded_ = false;
 

@@ -31,23 +31,25 @@ private:
     bool isEar(int32_t ear) const;
     bool blocks(int32_t node, Point2 a, Point2 b, Point2 c) const;
     void buildGrid(int32_t start);
+    size_t cellOf(Point2 p) const;
     void unlink(int32_t node);
 
     std::vector<Point2> point_;
     std::vector<int32_t> index_;
     std::vector<int32_t> prev_;
     std::vector<int32_t> next_;
-    std::vector<uint8_t> removed_;
     std::vector<std::pair<double, int32_t>> holes_; // leftmost x and node of each hole
 
-    // Large faces find the points near an ear through a uniform grid of buckets.
+    // Large faces find the points near an ear through a uniform grid of cells, each a list of the
+    // points in it that are not clipped yet.
     bool gridded_ = false;
     Point2 gridOrigin_;
     double cellSize_ = 1.0;
     int32_t columns_ = 0;
     int32_t rows_ = 0;
-    std::vector<int32_t> cellStart_;
-    std::vector<int32_t> cellNodes_;
+    std::vector<int32_t> cellHead_;
+    std::vector<int32_t> cellNext_;
+    std::vector<int32_t> cellPrev_;
 };
 
 } // namespace oz::mesh
