@@ -39,15 +39,13 @@ bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_
     const auto ids = faces.faceVertices(face);
     const Point3 origin = points[ids[0]];
     key.offsets.resize(ids.size());
-    bool exact = true;
     for (size_t i = 0; i < ids.size(); ++i) {
         const Point3 p = points[ids[i]];
         Vector3& d = key.offsets[i];
-        exact &= exactDifference(p.x, origin.x, d.x) & exactDifference(p.y, origin.y, d.y) &
-                 exactDifference(p.z, origin.z, d.z);
+        if (!exactDifference(p.x, origin.x, d.x) || !exactDifference(p.y, origin.y, d.y) ||
+            !exactDifference(p.z, origin.z, d.z))
+            return false;
     }
-    if (!exact)
-        return false;
     // A sample of the offsets spreads the keys well enough; equal keys are compared in full.
     const size_t step = std::max<size_t>(1, ids.size() / kHashedPoints);
     for (size_t i = 0; i < ids.size(); i += step) {
