@@ -12,6 +12,7 @@
 #include <QGlyphRun>
 #include <QRawFont>
 #include <QTextLayout>
+#include <cmath>
 #include <map>
 
 namespace type {
@@ -138,18 +139,50 @@ void decomposeNewOutlines(std::vector<OutlineSlot>& outlines, int curveResolutio
     }
 }
 
+// Scene coordinates snapped to a power-of-two step some four billion times finer than the font
+// size. A glyph's points and its pen position are snapped apart, so each point is their exact
+// sum: every copy of a glyph in the text is then an exact translate of the others, which lets
+// the mesh cut one copy and reuse its triangles for the rest. Pen positions stay exact up to
+// two million font sizes from the origin.
+class SceneGrid {
+public:
+    explicit SceneGrid(double fontSize) {
+        constexpr int kStepsPerFontSizeLog2 = 32;
+        const double size = std::abs(fontSize);
+        if (!std::isfinite(size) || !(size > 0.0))
+            return;
+        const double step = std::ldexp(1.0, std::ilogb(size) - kStepsPerFontSizeLog2);
+        if (std::isnormal(step) && std::isnormal(1.0 / step)) {
+            m_step = step;
+            m_inverse = 1.0 / step;
+        }
+    }
+
+    double snap(double v) const {
+        if (m_step == 0.0)
+            return v;
+        const double snapped = std::nearbyint(v * m_inverse) * m_step;
+        return std::isfinite(snapped) ? snapped : v;
+    }
+
+private:
+    double m_step = 0.0;
+    double m_inverse = 0.0;
+};
+
 // Qt's outlines run y down; the scene's y runs up.
-Point2 place(const Point2& p, const GlyphPlacement& at, double unitScale) {
-    return {(at.x + p.x) * unitScale, (at.y - p.y) * unitScale};
+Point2 place(const Point2& p, Point2 pen, double unitScale, const SceneGrid& grid) {
+    return {pen.x + grid.snap(p.x * unitScale), pen.y + grid.snap(-p.y * unitScale)};
 }
 
 std::vector<Shape> placeShapes(const std::vector<Shape>& shapes, const GlyphPlacement& at, double unitScale,
-                               BoundingBox& box) {
+                               const SceneGrid& grid, BoundingBox& box) {
+    const Point2 pen{grid.snap(at.x * unitScale), grid.snap(at.y * unitScale)};
     auto placeContour = [&](const Contour& contour) {
         Contour placed;
         placed.reserve(contour.size());
         for (const Point2& p : contour) {
-            placed.push_back(place(p, at, unitScale));
+            placed.push_back(place(p, pen, unitScale, grid));
             box.extend(placed.back());
         }
         return placed;
@@ -197,6 +230,7 @@ LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache
     decomposeNewOutlines(layout.outlines(), settings.curveResolution, cache);
     cache.endEvaluation();
 
+    const SceneGrid grid(settings.fontSize);
     LayoutGrouping grouping(result, settings.alignment);
     for (const std::vector<GlyphPlacement>& line : layout.lines()) {
         for (const GlyphPlacement& glyph : line) {
@@ -207,7 +241,7 @@ LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache
             BoundingBox box;
             std::vector<Shape> shapes =
                 placeShapes(*layout.outlines()[static_cast<std::size_t>(glyph.pathIndex)].shapes, glyph,
-                            result.unitScale, box);
+                            result.unitScale, grid, box);
             grouping.addCharacter(std::move(shapes), box);
         }
         grouping.endLine();

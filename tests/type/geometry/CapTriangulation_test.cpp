@@ -163,6 +163,20 @@ TEST_P(CapTriangulation, EveryWellFormedGlyphCapIsCutExactlyWithoutTheSweep) {
     }
 }
 
+// Every copy of a letter in a text is laid out as an exact translate of the others, at any size
+// and alignment, so the mesh cuts each distinct letter once. Scaling the pen position and the
+// outline together used to round each copy differently, and only a few copies hit the memo.
+TEST_F(CapTriangulation, RepeatedGlyphsAreExactTranslates) {
+    EXPECT_TRUE(ZPlug(m_node, fontNode::fontSize).setValue(7.3));
+    EXPECT_TRUE(ZPlug(m_node, fontNode::alignmentMode).setValue(2));
+    const oz::mesh::Mesh* mesh = capsOf("DejaVu Sans", "Book", U"gab abg bag\nbag gab\nabg");
+    ASSERT_NE(mesh, nullptr);
+    ASSERT_EQ(mesh->faceCount(), 18);
+    const oz::mesh::Triangulation cut = oz::mesh::triangulateFaces(mesh->faces(), mesh->points());
+    EXPECT_EQ(cut.counts.planar, 3);
+    EXPECT_EQ(cut.counts.memo, 15);
+}
+
 INSTANTIATE_TEST_SUITE_P(InstalledFonts, CapTriangulation,
                          ::testing::Values("DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono",
                                            "Liberation Sans", "Liberation Serif"),
