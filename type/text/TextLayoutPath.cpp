@@ -159,10 +159,13 @@ public:
     }
 
     double snap(double v) const {
-        if (m_step == 0.0)
+        // Adding and taking away 1.5 * 2^52 rounds to a whole number of steps; multiples too
+        // large for that (or not finite) stay as they are.
+        constexpr double kRounder = 0x1.8p52;
+        const double steps = v * m_inverse;
+        if (m_step == 0.0 || !(std::abs(steps) < 0x1p51))
             return v;
-        const double snapped = std::nearbyint(v * m_inverse) * m_step;
-        return std::isfinite(snapped) ? snapped : v;
+        return ((steps + kRounder) - kRounder) * m_step;
     }
 
 private:
@@ -170,28 +173,43 @@ private:
     double m_inverse = 0.0;
 };
 
-// Qt's outlines run y down; the scene's y runs up.
-Point2 place(const Point2& p, Point2 pen, double unitScale, const SceneGrid& grid) {
-    return {pen.x + grid.snap(p.x * unitScale), pen.y + grid.snap(-p.y * unitScale)};
+// A distinct outline in scene units, snapped to the grid, y up (Qt's outlines run y down).
+std::vector<Shape> scaleShapes(const std::vector<Shape>& shapes, double unitScale, const SceneGrid& grid) {
+    auto scaleContour = [&](const Contour& contour) {
+        Contour scaled;
+        scaled.reserve(contour.size());
+        for (const Point2& p : contour)
+            scaled.push_back({grid.snap(p.x * unitScale), grid.snap(-p.y * unitScale)});
+        return scaled;
+    };
+    std::vector<Shape> scaled;
+    scaled.reserve(shapes.size());
+    for (const Shape& shape : shapes) {
+        Shape& copy = scaled.emplace_back();
+        copy.outer = scaleContour(shape.outer);
+        copy.holes.reserve(shape.holes.size());
+        for (const Contour& hole : shape.holes)
+            copy.holes.push_back(scaleContour(hole));
+    }
+    return scaled;
 }
 
-std::vector<Shape> placeShapes(const std::vector<Shape>& shapes, const GlyphPlacement& at, double unitScale,
-                               const SceneGrid& grid, BoundingBox& box) {
-    const Point2 pen{grid.snap(at.x * unitScale), grid.snap(at.y * unitScale)};
+std::vector<Shape> placeShapes(const std::vector<Shape>& scaled, Point2 pen, BoundingBox& box) {
     auto placeContour = [&](const Contour& contour) {
         Contour placed;
         placed.reserve(contour.size());
         for (const Point2& p : contour) {
-            placed.push_back(place(p, pen, unitScale, grid));
+            placed.push_back({pen.x + p.x, pen.y + p.y});
             box.extend(placed.back());
         }
         return placed;
     };
     std::vector<Shape> placed;
-    placed.reserve(shapes.size());
-    for (const Shape& shape : shapes) {
+    placed.reserve(scaled.size());
+    for (const Shape& shape : scaled) {
         Shape& copy = placed.emplace_back();
         copy.outer = placeContour(shape.outer);
+        copy.holes.reserve(shape.holes.size());
         for (const Contour& hole : shape.holes)
             copy.holes.push_back(placeContour(hole));
     }
@@ -231,6 +249,10 @@ LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache
     cache.endEvaluation();
 
     const SceneGrid grid(settings.fontSize);
+    std::vector<std::vector<Shape>> scaled;
+    scaled.reserve(layout.outlines().size());
+    for (const OutlineSlot& outline : layout.outlines())
+        scaled.push_back(scaleShapes(*outline.shapes, result.unitScale, grid));
     LayoutGrouping grouping(result, settings.alignment);
     for (const std::vector<GlyphPlacement>& line : layout.lines()) {
         for (const GlyphPlacement& glyph : line) {
@@ -239,9 +261,9 @@ LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache
                 continue;
             }
             BoundingBox box;
+            const Point2 pen{grid.snap(glyph.x * result.unitScale), grid.snap(glyph.y * result.unitScale)};
             std::vector<Shape> shapes =
-                placeShapes(*layout.outlines()[static_cast<std::size_t>(glyph.pathIndex)].shapes, glyph,
-                            result.unitScale, grid, box);
+                placeShapes(scaled[static_cast<std::size_t>(glyph.pathIndex)], pen, box);
             grouping.addCharacter(std::move(shapes), box);
         }
         grouping.endLine();
