@@ -55,10 +55,21 @@ bool EarClipper::opensTowards(int32_t node, Point2 target) const {
 bool EarClipper::bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const {
     const Point2 m = point_[hole];
     const Point2 r = point_[to];
+    const double lowX = std::min(m.x, r.x);
+    const double highX = std::max(m.x, r.x);
+    const double lowY = std::min(m.y, r.y);
+    const double highY = std::max(m.y, r.y);
     int32_t p = outer;
     do {
         const Point2 a = point_[p];
         const Point2 b = point_[next_[p]];
+        // An edge apart from the bridge's box can neither touch it nor run along it.
+        const bool apart = std::max(a.x, b.x) < lowX || std::min(a.x, b.x) > highX ||
+                           std::max(a.y, b.y) < lowY || std::min(a.y, b.y) > highY;
+        if (apart) {
+            p = next_[p];
+            continue;
+        }
         if (a == r || b == r) {
             // An edge from the bridge's end may only leave it, not run along it.
             const Point2 other = a == r ? b : a;
@@ -111,12 +122,15 @@ int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
         const int turn = orientation(m, crossing, target);
         if (!onVertex && turn != 0) {
             double bestTan = std::abs(target.y - m.y) / (m.x - target.x);
+            const double lowY = std::min(m.y, target.y);
+            const double highY = std::max(m.y, target.y);
+            const double lowX = std::min(crossing.x, target.x);
             p = outer;
             do {
                 const Point2 v = point_[p];
-                const bool inside = turn > 0 ? inClosedTriangle(m, crossing, target, v)
-                                             : inClosedTriangle(m, target, crossing, v);
-                if (v.x < m.x && inside) {
+                const bool inBox = v.x < m.x && v.x >= lowX && v.y >= lowY && v.y <= highY;
+                if (inBox && (turn > 0 ? inClosedTriangle(m, crossing, target, v)
+                                       : inClosedTriangle(m, target, crossing, v))) {
                     const double tan = std::abs(v.y - m.y) / (m.x - v.x);
                     if (tan < bestTan || (tan == bestTan && v.x > target.x)) {
                         bestTan = tan;

@@ -20,7 +20,7 @@ namespace {
 // A strictly convex quad, split along its shorter diagonal: the walls of an extrusion are such
 // quads, and they need no further checks.
 bool triangulateQuad(std::span<const int32_t> loop, std::span<const Point3> points, Vector3 normal,
-                       std::vector<Triangle>& out) {
+                     std::vector<Triangle>& out) {
     if (loop.size() != 4 || normal == Vector3{})
         return false;
     for (size_t i = 0; i < 4; ++i) {
@@ -96,8 +96,8 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
     // A translated copy of a face cut before needs neither its normal nor any check.
     const bool keyed = makeShapeKey(faces, points, face, key);
     if (keyed) {
-        if (const auto* pattern = memo.find(key)) {
-            appendPattern(faces.faceVertices(face), *pattern, triangles);
+        if (const auto pattern = memo.find(key); !pattern.empty()) {
+            appendPattern(faces.faceVertices(face), pattern, triangles);
             ++counts.memo;
             return;
         }

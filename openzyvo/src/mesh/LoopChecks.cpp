@@ -38,8 +38,9 @@ bool inside(std::span<const Point2> loop, Point2 p) {
 }
 
 bool edgesAreSimple(const PlanarFace& face) {
-    std::vector<Edge> edges;
-    edges.reserve(face.points.size());
+    // Kept per thread: faces are checked by the thousand, and most are small.
+    thread_local std::vector<Edge> edges;
+    edges.clear();
     for (int32_t l = 0; l < face.loopCount(); ++l) {
         const int32_t begin = face.loopStart[l];
         const int32_t end = face.loopStart[l + 1];

@@ -56,17 +56,54 @@ bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_
     return true;
 }
 
-const std::vector<Triangle>* ShapeMemo::find(const ShapeKey& key) const {
-    const auto [begin, end] = entries_.equal_range(key.hash);
-    for (auto it = begin; it != end; ++it) {
-        if (it->second.key == key)
-            return &it->second.pattern;
+bool ShapeMemo::matches(const Entry& entry, const ShapeKey& key) const {
+    return entry.hash == key.hash && entry.loopCount == static_cast<int32_t>(key.loopSizes.size()) &&
+           entry.offsetCount == static_cast<int32_t>(key.offsets.size()) &&
+           std::equal(key.loopSizes.begin(), key.loopSizes.end(), loopSizes_.begin() + entry.loopBegin) &&
+           std::equal(key.offsets.begin(), key.offsets.end(), offsets_.begin() + entry.offsetBegin);
+}
+
+std::span<const Triangle> ShapeMemo::find(const ShapeKey& key) const {
+    if (slots_.empty())
+        return {};
+    const size_t mask = slots_.size() - 1;
+    for (size_t s = key.hash & mask; slots_[s] != 0; s = (s + 1) & mask) {
+        const Entry& entry = entries_[static_cast<size_t>(slots_[s]) - 1];
+        if (matches(entry, key))
+            return std::span<const Triangle>(patterns_).subspan(entry.patternBegin, entry.patternCount);
     }
-    return nullptr;
+    return {};
+}
+
+void ShapeMemo::grow() {
+    slots_.assign(std::max<size_t>(64, 2 * slots_.size()), 0);
+    const size_t mask = slots_.size() - 1;
+    for (size_t e = 0; e < entries_.size(); ++e) {
+        size_t s = entries_[e].hash & mask;
+        while (slots_[s] != 0)
+            s = (s + 1) & mask;
+        slots_[s] = static_cast<int32_t>(e) + 1;
+    }
 }
 
 void ShapeMemo::store(const ShapeKey& key, std::span<const Triangle> pattern) {
-    entries_.emplace(key.hash, Entry{key, {pattern.begin(), pattern.end()}});
+    entries_.push_back({key.hash, static_cast<int32_t>(loopSizes_.size()),
+                        static_cast<int32_t>(key.loopSizes.size()), static_cast<int32_t>(offsets_.size()),
+                        static_cast<int32_t>(key.offsets.size()), static_cast<int32_t>(patterns_.size()),
+                        static_cast<int32_t>(pattern.size())});
+    loopSizes_.insert(loopSizes_.end(), key.loopSizes.begin(), key.loopSizes.end());
+    offsets_.insert(offsets_.end(), key.offsets.begin(), key.offsets.end());
+    patterns_.insert(patterns_.end(), pattern.begin(), pattern.end());
+    // At most half full, so that probes stay short.
+    if (2 * entries_.size() > slots_.size()) {
+        grow();
+        return;
+    }
+    const size_t mask = slots_.size() - 1;
+    size_t s = key.hash & mask;
+    while (slots_[s] != 0)
+        s = (s + 1) & mask;
+    slots_[s] = static_cast<int32_t>(entries_.size());
 }
 
 } // namespace oz::mesh

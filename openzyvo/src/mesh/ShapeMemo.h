@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <span>
-#include <unordered_map>
 #include <vector>
 
 namespace oz::mesh {
@@ -27,20 +26,35 @@ struct ShapeKey {
 bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, ShapeKey& key);
 
 // Triangle patterns (point indices within the face) of the shapes cut so far. Repeated letters
-// of a text are translated copies of one outline: each is cut once.
+// of a text are translated copies of one outline: each is cut once. Keys and patterns live in a
+// few flat arrays, so that a pass over thousands of distinct faces stores each without allocating.
 class ShapeMemo {
 public:
-    // The pattern stored for exactly this shape, or null. The hash only finds candidates; the
+    // The pattern stored for exactly this shape, or empty. The hash only finds candidates; the
     // whole key is compared, so a different shape never gets a pattern that does not fit it.
-    const std::vector<Triangle>* find(const ShapeKey& key) const;
+    std::span<const Triangle> find(const ShapeKey& key) const;
     void store(const ShapeKey& key, std::span<const Triangle> pattern);
 
 private:
     struct Entry {
-        ShapeKey key;
-        std::vector<Triangle> pattern;
+        uint64_t hash;
+        int32_t loopBegin;
+        int32_t loopCount;
+        int32_t offsetBegin;
+        int32_t offsetCount;
+        int32_t patternBegin;
+        int32_t patternCount;
     };
-    std::unordered_multimap<uint64_t, Entry> entries_;
+
+    bool matches(const Entry& entry, const ShapeKey& key) const;
+    void grow();
+
+    std::vector<Entry> entries_;
+    std::vector<int32_t> loopSizes_;
+    std::vector<Vector3> offsets_;
+    std::vector<Triangle> patterns_;
+    // Open addressing over entries_: a slot holds an entry's index plus one, or 0 when free.
+    std::vector<int32_t> slots_;
 };
 
 } // namespace oz::mesh
