@@ -197,6 +197,25 @@ void BM_T7Flat(benchmark::State& state) {
 }
 BENCHMARK(BM_T7Flat)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
+// A change of the short text on a node that has drawn it, its caches warm: one letter is typed over
+// by another already in the text, and layout, mesh and cut are redone.
+void BM_T7FlatAfterOneEdit(benchmark::State& state) {
+    std::string text = "3D Type";
+    TypeScene scene;
+    scene.setText(text);
+    scene.evaluateTriangles();
+    const char replacements[] = {'y', 'e'};
+    std::size_t round = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        text[6] = replacements[round++ % 2];
+        state.ResumeTiming();
+        scene.setText(text);
+        scene.evaluateTriangles();
+    }
+}
+BENCHMARK(BM_T7FlatAfterOneEdit)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+
 void BM_P1000Flat(benchmark::State& state) {
     const auto text = sharedWorkload("p1000.txt");
     if (!text) {

@@ -10,6 +10,8 @@ namespace {
 struct Edge {
     double minX;
     double maxX;
+    double minY;
+    double maxY;
     int32_t from; // point index; the edge runs to the next point of its loop
     int32_t to;
 };
@@ -53,26 +55,19 @@ bool edgesAreSimple(const PlanarFace& face) {
                 return false;
             if (orientation(a, b, face.points[after]) == 0 && doublesBack(a, b, face.points[after]))
                 return false;
-            edges.push_back({std::min(a.x, b.x), std::max(a.x, b.x), i, next});
+            edges.push_back(
+                {std::min(a.x, b.x), std::max(a.x, b.x), std::min(a.y, b.y), std::max(a.y, b.y), i, next});
         }
     }
     std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.minX < b.minX; });
     for (size_t i = 0; i < edges.size(); ++i) {
         const Edge& e = edges[i];
-        const Point2 a = face.points[e.from];
-        const Point2 b = face.points[e.to];
-        const double minY = std::min(a.y, b.y);
-        const double maxY = std::max(a.y, b.y);
         for (size_t j = i + 1; j < edges.size() && edges[j].minX <= e.maxX; ++j) {
             const Edge& f = edges[j];
             // Neighbours meet at their shared point; doubling back was ruled out above.
-            if (f.from == e.to || f.to == e.from)
+            if (f.maxY < e.minY || f.minY > e.maxY || f.from == e.to || f.to == e.from)
                 continue;
-            const Point2 c = face.points[f.from];
-            const Point2 d = face.points[f.to];
-            if (std::max(c.y, d.y) < minY || std::min(c.y, d.y) > maxY)
-                continue;
-            if (segmentsTouch(a, b, c, d))
+            if (segmentsTouch(face.points[e.from], face.points[e.to], face.points[f.from], face.points[f.to]))
                 return false;
         }
     }
