@@ -142,8 +142,8 @@ void decomposeNewOutlines(std::vector<OutlineSlot>& outlines, int curveResolutio
 // Scene coordinates snapped to a power-of-two step some four billion times finer than the font
 // size. A glyph's points and its pen position are snapped apart, so each point is their exact
 // sum: every copy of a glyph in the text is then an exact translate of the others, which lets
-// the mesh cut one copy and reuse its triangles for the rest. Pen positions stay exact up to
-// two million font sizes from the origin.
+// the mesh cut one copy and reuse its triangles for the rest. Pen positions are snapped up to a
+// quarter of a million font sizes from the origin; further out copies are merely not exact.
 class SceneGrid {
 public:
     explicit SceneGrid(double fontSize) {
