@@ -12,6 +12,7 @@
 #include <QGlyphRun>
 #include <QRawFont>
 #include <QTextLayout>
+#include <cmath>
 #include <map>
 
 namespace type {
@@ -133,27 +134,77 @@ void decomposeNewOutlines(std::vector<OutlineSlot>& outlines, int curveResolutio
     }
 }
 
-// Qt's outlines run y down; the scene's y runs up.
-Point2 place(const Point2& p, const GlyphPlacement& at, double unitScale) {
-    return {(at.x + p.x) * unitScale, (at.y - p.y) * unitScale};
+// Scene coordinates snapped to a power-of-two step some four billion times finer than the font
+// size. A glyph's points and its pen position are snapped apart, so each point is their exact
+// sum: every copy of a glyph in the text is then an exact translate of the others, which lets
+// the mesh cut one copy and reuse its triangles for the rest. Pen positions are snapped up to a
+// quarter of a million font sizes from the origin; further out copies are merely not exact.
+class SceneGrid {
+public:
+    explicit SceneGrid(double fontSize) {
+        constexpr int kStepsPerFontSizeLog2 = 32;
+        const double size = std::abs(fontSize);
+        if (!std::isfinite(size) || !(size > 0.0))
+            return;
+        const double step = std::ldexp(1.0, std::ilogb(size) - kStepsPerFontSizeLog2);
+        if (std::isnormal(step) && std::isnormal(1.0 / step)) {
+            m_step = step;
+            m_inverse = 1.0 / step;
+        }
+    }
+
+    double snap(double v) const {
+        // Adding and taking away 1.5 * 2^52 rounds to a whole number of steps; multiples too
+        // large for that (or not finite) stay as they are.
+        constexpr double kRounder = 0x1.8p52;
+        const double steps = v * m_inverse;
+        if (m_step == 0.0 || !(std::abs(steps) < 0x1p51))
+            return v;
+        return ((steps + kRounder) - kRounder) * m_step;
+    }
+
+private:
+    double m_step = 0.0;
+    double m_inverse = 0.0;
+};
+
+// A distinct outline in scene units, snapped to the grid, y up (Qt's outlines run y down).
+std::vector<Shape> scaleShapes(const std::vector<Shape>& shapes, double unitScale, const SceneGrid& grid) {
+    auto scaleContour = [&](const Contour& contour) {
+        Contour scaled;
+        scaled.reserve(contour.size());
+        for (const Point2& p : contour)
+            scaled.push_back({grid.snap(p.x * unitScale), grid.snap(-p.y * unitScale)});
+        return scaled;
+    };
+    std::vector<Shape> scaled;
+    scaled.reserve(shapes.size());
+    for (const Shape& shape : shapes) {
+        Shape& copy = scaled.emplace_back();
+        copy.outer = scaleContour(shape.outer);
+        copy.holes.reserve(shape.holes.size());
+        for (const Contour& hole : shape.holes)
+            copy.holes.push_back(scaleContour(hole));
+    }
+    return scaled;
 }
 
-std::vector<Shape> placeShapes(const std::vector<Shape>& shapes, const GlyphPlacement& at, double unitScale,
-                               BoundingBox& box) {
+std::vector<Shape> placeShapes(const std::vector<Shape>& scaled, Point2 pen, BoundingBox& box) {
     auto placeContour = [&](const Contour& contour) {
         Contour placed;
         placed.reserve(contour.size());
         for (const Point2& p : contour) {
-            placed.push_back(place(p, at, unitScale));
+            placed.push_back({pen.x + p.x, pen.y + p.y});
             box.extend(placed.back());
         }
         return placed;
     };
     std::vector<Shape> placed;
-    placed.reserve(shapes.size());
-    for (const Shape& shape : shapes) {
+    placed.reserve(scaled.size());
+    for (const Shape& shape : scaled) {
         Shape& copy = placed.emplace_back();
         copy.outer = placeContour(shape.outer);
+        copy.holes.reserve(shape.holes.size());
         for (const Contour& hole : shape.holes)
             copy.holes.push_back(placeContour(hole));
     }
@@ -184,6 +235,11 @@ LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache
     decomposeNewOutlines(layout.outlines(), settings.curveResolution, cache);
     cache.endEvaluation();
 
+    const SceneGrid grid(settings.fontSize);
+    std::vector<std::vector<Shape>> scaled;
+    scaled.reserve(layout.outlines().size());
+    for (const OutlineSlot& outline : layout.outlines())
+        scaled.push_back(scaleShapes(*outline.shapes, result.unitScale, grid));
     LayoutGrouping grouping(result, settings.alignment);
     for (const std::vector<GlyphPlacement>& line : layout.lines()) {
         for (const GlyphPlacement& glyph : line) {
@@ -192,9 +248,9 @@ LayoutResult decomposeTextLayout(const TypeSettings& settings, GlyphOutlineCache
                 continue;
             }
             BoundingBox box;
+            const Point2 pen{grid.snap(glyph.x * result.unitScale), grid.snap(glyph.y * result.unitScale)};
             std::vector<Shape> shapes =
-                placeShapes(*layout.outlines()[static_cast<std::size_t>(glyph.pathIndex)].shapes, glyph,
-                            result.unitScale, box);
+                placeShapes(scaled[static_cast<std::size_t>(glyph.pathIndex)], pen, box);
             grouping.addCharacter(std::move(shapes), box);
         }
         grouping.endLine();

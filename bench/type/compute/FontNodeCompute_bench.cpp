@@ -1,4 +1,6 @@
+#include "data/MeshAccess.h"
 #include "graph/NodeTypeRegistry.h"
+#include "mesh/FaceTriangulation.h"
 #include "text/FontNode.h"
 #include "text/HexText.h"
 
@@ -7,6 +9,10 @@
 #include <OpenZyvo/ZPlug.h>
 #include <benchmark/benchmark.h>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sstream>
 #include <string>
 
 namespace type {
@@ -65,6 +71,19 @@ public:
         if (!plug(fontNode::outputMesh).getValue(mesh) || mesh.isNull())
             std::abort();
         benchmark::DoNotOptimize(mesh);
+    }
+
+    // Evaluates the node and cuts its mesh into triangles, as drawing or exporting it does.
+    oz::mesh::TriangulationCounts evaluateTriangles() {
+        ZObject data;
+        if (!plug(fontNode::outputMesh).getValue(data) || data.isNull())
+            std::abort();
+        const oz::mesh::Mesh* mesh = oz::readMesh(oz::meshTargetOf(data), nullptr);
+        if (!mesh)
+            std::abort();
+        const auto triangulation = mesh->triangulation();
+        benchmark::DoNotOptimize(triangulation->triangles.data());
+        return triangulation->counts;
     }
 
 private:
@@ -139,6 +158,99 @@ void BM_RecomputeParagraphAfterOneNewGlyph(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_RecomputeParagraphAfterOneNewGlyph)->Unit(benchmark::kMillisecond);
+
+// The shared workloads that other text-to-mesh tools were timed on, in the folder beside the
+// source tree, or where ZYVO_BENCH_WORKLOADS points.
+std::optional<std::string> sharedWorkload(const std::string& name) {
+    const char* overridden = std::getenv("ZYVO_BENCH_WORKLOADS");
+    const std::filesystem::path folder = overridden ? overridden : ZYVO_SHARED_BENCH_DIR;
+    std::ifstream file(folder / name, std::ios::binary);
+    if (!file)
+        return std::nullopt;
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+// From a text change to triangles: a node showing nothing gets `text` (every glyph decomposed),
+// computes its flat mesh, and the mesh is cut into triangles.
+void evaluateFlat(benchmark::State& state, const std::string& text) {
+    oz::mesh::TriangulationCounts counts;
+    for (auto _ : state) {
+        state.PauseTiming();
+        {
+            TypeScene scene;
+            state.ResumeTiming();
+            scene.setText(text);
+            counts = scene.evaluateTriangles();
+            state.PauseTiming();
+        }
+        state.ResumeTiming();
+    }
+    state.counters["characters"] = static_cast<double>(text.size());
+    state.counters["memo"] = counts.memo;
+    state.counters["glu"] = counts.tessellated;
+}
+
+void BM_T7Flat(benchmark::State& state) {
+    evaluateFlat(state, "3D Type");
+}
+BENCHMARK(BM_T7Flat)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+
+// A change of the short text on a node that has drawn it, its caches warm: one letter is typed over
+// by another already in the text, and layout, mesh and cut are redone.
+void BM_T7FlatAfterOneEdit(benchmark::State& state) {
+    std::string text = "3D Type";
+    TypeScene scene;
+    scene.setText(text);
+    scene.evaluateTriangles();
+    const char replacements[] = {'y', 'e'};
+    std::size_t round = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        text[6] = replacements[round++ % 2];
+        state.ResumeTiming();
+        scene.setText(text);
+        scene.evaluateTriangles();
+    }
+}
+BENCHMARK(BM_T7FlatAfterOneEdit)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+
+void BM_P1000Flat(benchmark::State& state) {
+    const auto text = sharedWorkload("p1000.txt");
+    if (!text) {
+        state.SkipWithError("p1000.txt not found: the shared workloads are not beside the source tree "
+                            "(set ZYVO_BENCH_WORKLOADS to their folder)");
+        return;
+    }
+    evaluateFlat(state, *text);
+}
+BENCHMARK(BM_P1000Flat)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+
+// The same text typed over by one character on a node that has drawn it: layout, mesh and cut
+// are redone, no glyph is decomposed.
+void BM_P1000FlatAfterOneEdit(benchmark::State& state) {
+    const auto workload = sharedWorkload("p1000.txt");
+    if (!workload) {
+        state.SkipWithError("p1000.txt not found: the shared workloads are not beside the source tree "
+                            "(set ZYVO_BENCH_WORKLOADS to their folder)");
+        return;
+    }
+    std::string text = *workload;
+    TypeScene scene;
+    scene.setText(text);
+    scene.evaluateTriangles();
+    const char replacements[] = {'x', 'q'};
+    std::size_t round = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        text[550] = replacements[round++ % 2];
+        state.ResumeTiming();
+        scene.setText(text);
+        scene.evaluateTriangles();
+    }
+}
+BENCHMARK(BM_P1000FlatAfterOneEdit)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
 } // namespace
 } // namespace type

@@ -1,7 +1,11 @@
 #include "mesh/FaceTriangulation.h"
 
+#include "mesh/EarClipping.h"
 #include "mesh/GluTessellator.h"
+#include "mesh/LoopChecks.h"
 #include "mesh/Normals.h"
+#include "mesh/PlanarFace.h"
+#include "mesh/ShapeMemo.h"
 
 #include <algorithm>
 #include <numeric>
@@ -13,14 +17,10 @@ namespace oz::mesh {
 
 namespace {
 
-// A single triangle, or a strictly convex quad split along its shorter diagonal: the walls of an
-// extrusion are such quads, and they need no sweep.
-bool triangulateSimple(std::span<const int32_t> loop, std::span<const Point3> points, Vector3 normal,
-                       std::vector<Triangle>& out) {
-    if (loop.size() == 3) {
-        out.push_back({loop[0], loop[1], loop[2]});
-        return true;
-    }
+// A strictly convex quad, split along its shorter diagonal: the walls of an extrusion are such
+// quads, and they need no further checks.
+bool triangulateQuad(std::span<const int32_t> loop, std::span<const Point3> points, Vector3 normal,
+                     std::vector<Triangle>& out) {
     if (loop.size() != 4 || normal == Vector3{})
         return false;
     for (size_t i = 0; i < 4; ++i) {
@@ -48,13 +48,70 @@ struct FaceRun {
     int32_t count;
 };
 
-// What one thread produces: its tessellator, reused across faces, and the triangles of the faces
-// it handled, to be scattered into face order afterwards.
+// What one thread produces: its cutters and memo, reused across faces, and the triangles of the
+// faces it handled, to be scattered into face order afterwards.
 struct Worker {
     GluTessellator tessellator;
+    EarClipper clipper;
+    ShapeMemo memo;
+    PlanarFace planar;
+    ShapeKey key;
+    std::vector<Triangle> local;
     std::vector<Triangle> triangles;
     std::vector<FaceRun> runs;
+    TriangulationCounts counts;
+
+    void cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
+    bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
+                   bool keyed);
 };
+
+// Appends a pattern of point indices within `face` as vertex ids.
+void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
+                   std::vector<Triangle>& out) {
+    for (const auto& [a, b, c] : pattern)
+        out.push_back({ids[a], ids[b], ids[c]});
+}
+
+bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
+                       bool keyed) {
+    local.clear();
+    if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
+        !clipper.triangulate(planar, local))
+        return false;
+    appendPattern(faces.faceVertices(face), local, triangles);
+    if (keyed)
+        memo.store(key, local);
+    ++counts.planar;
+    return true;
+}
+
+void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
+    const auto outer = faces.loop(face, 0);
+    if (faces.faceLoopCount(face) == 1 && outer.size() == 3) {
+        triangles.push_back({outer[0], outer[1], outer[2]});
+        ++counts.simple;
+        return;
+    }
+    // A translated copy of a face cut before needs neither its normal nor any check.
+    const bool keyed = makeShapeKey(faces, points, face, key);
+    if (keyed) {
+        if (const auto pattern = memo.find(key); !pattern.empty()) {
+            appendPattern(faces.faceVertices(face), pattern, triangles);
+            ++counts.memo;
+            return;
+        }
+    }
+    const Vector3 normal = faceNormal(faces, points, face);
+    if (faces.faceLoopCount(face) == 1 && triangulateQuad(outer, points, normal, triangles)) {
+        ++counts.simple;
+        return;
+    }
+    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, keyed))
+        return;
+    tessellator.tessellate(faces, points, face, normal, triangles);
+    ++counts.tessellated;
+}
 
 } // namespace
 
@@ -66,10 +123,7 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
                           Worker& w = workers.local();
                           for (int32_t f = range.begin(); f != range.end(); ++f) {
                               const auto begin = static_cast<int32_t>(w.triangles.size());
-                              const Vector3 normal = faceNormal(faces, points, f);
-                              if (faces.faceLoopCount(f) != 1 ||
-                                  !triangulateSimple(faces.loop(f, 0), points, normal, w.triangles))
-                                  w.tessellator.tessellate(faces, points, f, normal, w.triangles);
+                              w.cut(faces, points, f);
                               w.runs.push_back({f, begin, static_cast<int32_t>(w.triangles.size()) - begin});
                           }
                       });
@@ -79,6 +133,7 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
     for (const Worker& w : workers) {
         for (const FaceRun& run : w.runs)
             result.faceTriangleStart[run.face + 1] = run.count;
+        result.counts += w.counts;
     }
     std::partial_sum(result.faceTriangleStart.begin(), result.faceTriangleStart.end(),
                      result.faceTriangleStart.begin());

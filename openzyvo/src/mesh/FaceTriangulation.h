@@ -10,11 +10,30 @@
 
 namespace oz::mesh {
 
+// How many faces took each way of being cut. Faces the planar cutter cannot take (loops that cross,
+// touch or collapse, faces off their plane) fall back to the GLU sweep; for well-formed input
+// such as text caps that should stay rare, and tests watch it.
+struct TriangulationCounts {
+    int32_t simple = 0;      // triangles and convex quads
+    int32_t planar = 0;      // cut by ear clipping
+    int32_t memo = 0;        // translated copies of a face cut earlier in the same pass
+    int32_t tessellated = 0; // by the GLU sweep
+
+    TriangulationCounts& operator+=(const TriangulationCounts& o) {
+        simple += o.simple;
+        planar += o.planar;
+        memo += o.memo;
+        tessellated += o.tessellated;
+        return *this;
+    }
+};
+
 // Triangles of every face, grouped per face: face f owns triangles[faceTriangleStart[f] ..
 // faceTriangleStart[f + 1]). Triangles hold vertex ids, so the table survives point moves.
 struct Triangulation {
     std::vector<int32_t> faceTriangleStart{0};
     std::vector<Triangle> triangles;
+    TriangulationCounts counts;
 
     int32_t faceCount() const { return static_cast<int32_t>(faceTriangleStart.size()) - 1; }
     std::span<const Triangle> faceTriangles(int32_t face) const {
@@ -25,8 +44,11 @@ struct Triangulation {
     }
 };
 
-// Triangulates all faces in parallel. A face that cannot be cut (all points on a line, a
-// non-finite coordinate) gets no triangles; nothing here fails or throws on bad geometry.
+// Triangulates all faces in parallel, wound counter-clockwise about each face's normal. A planar
+// face whose loops are simple and properly nested is cut by ear clipping, with no triangle of
+// zero area; translated copies of a face reuse its cut. Anything else goes to the GLU sweep. A
+// face that cannot be cut at all (all points on a line, a non-finite coordinate) gets no
+// triangles; nothing here fails or throws on bad geometry.
 Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points);
 
 // Sum of the areas of `triangles`.

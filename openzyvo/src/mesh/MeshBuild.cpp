@@ -23,6 +23,19 @@ size_t dropRepeats(std::vector<int32_t>& ids, size_t begin, size_t count) {
     return end - begin;
 }
 
+// Where a face's or hole's vertices are resolved before they are appended, kept per thread: a
+// text adds its caps one face at a time, by the thousand.
+struct AddScratch {
+    std::vector<int32_t> ids;
+    std::vector<int32_t> counts;
+    std::vector<Point3> added;
+};
+
+AddScratch& addScratch() {
+    thread_local AddScratch scratch;
+    return scratch;
+}
+
 } // namespace
 
 Status Mesh::create(std::span<const Point3> points, std::span<const int32_t> faceCounts,
@@ -131,8 +144,7 @@ Status Mesh::addPolygon(std::span<const Point3> points, std::span<const int32_t>
                         bool mergeVertices, double tolerance, int32_t& faceIndex) {
     if (faceCount() >= kMaxIds)
         return Status::TooLarge;
-    std::vector<int32_t> ids, counts;
-    std::vector<Point3> added;
+    auto& [ids, counts, added] = addScratch();
     if (const Status s = resolveVertices(points, loopCounts, mergeVertices, tolerance, ids, counts, added);
         s != Status::Success)
         return s;
@@ -149,8 +161,7 @@ Status Mesh::addHoles(int32_t face, std::span<const Point3> points, std::span<co
                       bool mergeVertices, double tolerance) {
     if (face < 0 || face >= faceCount())
         return Status::InvalidIndex;
-    std::vector<int32_t> ids, counts;
-    std::vector<Point3> added;
+    auto& [ids, counts, added] = addScratch();
     if (const Status s = resolveVertices(points, loopCounts, mergeVertices, tolerance, ids, counts, added);
         s != Status::Success)
         return s;

@@ -1,0 +1,343 @@
+#include "mesh/EarClipping.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace oz::mesh {
+
+namespace {
+
+// Below this many points a scan of the whole loop is cheaper than building the grid.
+constexpr size_t kGridThreshold = 64;
+
+bool inClosedTriangle(Point2 a, Point2 b, Point2 c, Point2 p) {
+    return orientation(a, b, p) >= 0 && orientation(b, c, p) >= 0 && orientation(c, a, p) >= 0;
+}
+
+} // namespace
+
+int32_t EarClipper::addNode(Point2 p, int32_t index, int32_t after) {
+    const auto node = static_cast<int32_t>(point_.size());
+    point_.push_back(p);
+    index_.push_back(index);
+    if (after < 0) {
+        prev_.push_back(node);
+        next_.push_back(node);
+    } else {
+        prev_.push_back(after);
+        next_.push_back(next_[after]);
+        prev_[next_[after]] = node;
+        next_[after] = node;
+    }
+    return node;
+}
+
+void EarClipper::linkLoop(const PlanarFace& face, int32_t loop, bool reverse) {
+    const int32_t begin = face.loopStart[loop];
+    const int32_t end = face.loopStart[loop + 1];
+    int32_t last = -1;
+    for (int32_t k = 0; k < end - begin; ++k) {
+        const int32_t i = reverse ? end - 1 - k : begin + k;
+        last = addNode(face.points[i], i, last);
+    }
+}
+
+bool EarClipper::opensTowards(int32_t node, Point2 target) const {
+    const Point2 a = point_[prev_[node]];
+    const Point2 b = point_[node];
+    const Point2 c = point_[next_[node]];
+    if (orientation(a, b, c) >= 0)
+        return orientation(a, b, target) > 0 && orientation(b, c, target) > 0;
+    return orientation(a, b, target) > 0 || orientation(b, c, target) > 0;
+}
+
+bool EarClipper::bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const {
+    const Point2 m = point_[hole];
+    const Point2 r = point_[to];
+    const double lowX = std::min(m.x, r.x);
+    const double highX = std::max(m.x, r.x);
+    const double lowY = std::min(m.y, r.y);
+    const double highY = std::max(m.y, r.y);
+    int32_t p = outer;
+    do {
+        const Point2 a = point_[p];
+        const Point2 b = point_[next_[p]];
+        // An edge apart from the bridge's box can neither touch it nor run along it.
+        const bool apart = std::max(a.x, b.x) < lowX || std::min(a.x, b.x) > highX ||
+                           std::max(a.y, b.y) < lowY || std::min(a.y, b.y) > highY;
+        if (apart) {
+            p = next_[p];
+            continue;
+        }
+        if (a == r || b == r) {
+            // An edge from the bridge's end may only leave it, not run along it.
+            const Point2 other = a == r ? b : a;
+            if (orientation(m, r, other) == 0 && withinBox(r, m, other))
+                return false;
+        } else if (segmentsTouch(m, r, a, b)) {
+            return false;
+        }
+        p = next_[p];
+    } while (p != outer);
+    return true;
+}
+
+// The hole's leftmost point sees, straight to its left, the nearest crossing edge; the end of that
+// edge further left is visible unless points inside the triangle it spans with the crossing hide
+// it, and then the hiding point closest in angle to the ray is visible instead. Floating-point
+// rounding can only make this guess wrong near ties, so the guess is checked exactly, and when it
+// fails every point left of the hole is tried, nearest first.
+int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
+    const Point2 m = point_[hole];
+    double hitX = -std::numeric_limits<double>::infinity();
+    int32_t hit = -1;
+    bool onVertex = false;
+    int32_t p = outer;
+    do {
+        const int32_t q = next_[p];
+        const Point2 a = point_[p];
+        const Point2 b = point_[q];
+        if (a.y == m.y) {
+            if (a.x < m.x && a.x > hitX) {
+                hitX = a.x;
+                hit = p;
+                onVertex = true;
+            }
+        } else if ((a.y < m.y) != (b.y < m.y) && b.y != m.y) {
+            const double x = a.x + (m.y - a.y) * (b.x - a.x) / (b.y - a.y);
+            if (x < m.x && x > hitX) {
+                hitX = x;
+                hit = a.x < b.x ? p : q;
+                onVertex = false;
+            }
+        }
+        p = q;
+    } while (p != outer);
+
+    Point2 target{};
+    if (hit >= 0) {
+        target = point_[hit];
+        const Point2 crossing{hitX, m.y};
+        const int turn = orientation(m, crossing, target);
+        if (!onVertex && turn != 0) {
+            double bestTan = std::abs(target.y - m.y) / (m.x - target.x);
+            const double lowY = std::min(m.y, target.y);
+            const double highY = std::max(m.y, target.y);
+            const double lowX = std::min(crossing.x, target.x);
+            p = outer;
+            do {
+                const Point2 v = point_[p];
+                const bool inBox = v.x < m.x && v.x >= lowX && v.y >= lowY && v.y <= highY;
+                if (inBox && (turn > 0 ? inClosedTriangle(m, crossing, target, v)
+                                       : inClosedTriangle(m, target, crossing, v))) {
+                    const double tan = std::abs(v.y - m.y) / (m.x - v.x);
+                    if (tan < bestTan || (tan == bestTan && v.x > target.x)) {
+                        bestTan = tan;
+                        target = v;
+                    }
+                }
+                p = next_[p];
+            } while (p != outer);
+        }
+        p = outer;
+        do {
+            if (point_[p] == target && opensTowards(p, m) && bridgeIsClear(outer, hole, p))
+                return p;
+            p = next_[p];
+        } while (p != outer);
+    }
+
+    std::vector<std::pair<double, int32_t>> candidates;
+    p = outer;
+    do {
+        const Point2 v = point_[p];
+        if (v.x < m.x)
+            candidates.emplace_back((v.x - m.x) * (v.x - m.x) + (v.y - m.y) * (v.y - m.y), p);
+        p = next_[p];
+    } while (p != outer);
+    std::sort(candidates.begin(), candidates.end());
+    for (const auto& [distance, node] : candidates) {
+        if (opensTowards(node, m) && bridgeIsClear(outer, hole, node))
+            return node;
+    }
+    return -1;
+}
+
+bool EarClipper::joinHole(int32_t outer, int32_t hole) {
+    const int32_t to = findBridge(outer, hole);
+    if (to < 0)
+        return false;
+    // outer ... to -> hole ... (around the hole) ... hole' -> to' -> ...
+    const int32_t holePrev = prev_[hole];
+    const int32_t toCopy = addNode(point_[to], index_[to], to);
+    const int32_t holeCopy = addNode(point_[hole], index_[hole], holePrev);
+    next_[to] = hole;
+    prev_[hole] = to;
+    next_[holeCopy] = toCopy;
+    prev_[toCopy] = holeCopy;
+    return true;
+}
+
+void EarClipper::buildGrid(int32_t start) {
+    Point2 lo = point_[start];
+    Point2 hi = lo;
+    for (const Point2& p : point_) {
+        lo = {std::min(lo.x, p.x), std::min(lo.y, p.y)};
+        hi = {std::max(hi.x, p.x), std::max(hi.y, p.y)};
+    }
+    const double side = std::max(hi.x - lo.x, hi.y - lo.y);
+    const double perSide = std::ceil(std::sqrt(static_cast<double>(point_.size())));
+    cellSize_ = side > 0.0 && std::isfinite(side) ? side / perSide : 1.0;
+    gridOrigin_ = lo;
+    columns_ = static_cast<int32_t>((hi.x - lo.x) / cellSize_) + 1;
+    rows_ = static_cast<int32_t>((hi.y - lo.y) / cellSize_) + 1;
+    cellHead_.assign(static_cast<size_t>(columns_) * rows_, -1);
+    cellNext_.assign(point_.size(), -1);
+    cellPrev_.assign(point_.size(), -1);
+    for (size_t n = 0; n < point_.size(); ++n) {
+        const Point2 p = point_[n];
+        int32_t& head = cellHead_[cellOf(p)];
+        const auto node = static_cast<int32_t>(n);
+        cellNext_[node] = head;
+        if (head >= 0)
+            cellPrev_[head] = node;
+        head = node;
+    }
+    gridded_ = true;
+}
+
+size_t EarClipper::cellOf(Point2 p) const {
+    const auto x = std::min(columns_ - 1, static_cast<int32_t>((p.x - gridOrigin_.x) / cellSize_));
+    const auto y = std::min(rows_ - 1, static_cast<int32_t>((p.y - gridOrigin_.y) / cellSize_));
+    return static_cast<size_t>(y) * columns_ + x;
+}
+
+bool EarClipper::blocks(int32_t node, Point2 a, Point2 b, Point2 c) const {
+    const Point2 p = point_[node];
+    // Another copy of a corner (the two ends of a bridge) opens away from the ear.
+    if (p == a || p == b || p == c)
+        return false;
+    return inClosedTriangle(a, b, c, p);
+}
+
+bool EarClipper::isEar(int32_t ear) const {
+    const int32_t prev = prev_[ear];
+    const int32_t next = next_[ear];
+    const Point2 a = point_[prev];
+    const Point2 b = point_[ear];
+    const Point2 c = point_[next];
+    if (orientation(a, b, c) <= 0)
+        return false;
+    const double minX = std::min({a.x, b.x, c.x});
+    const double maxX = std::max({a.x, b.x, c.x});
+    const double minY = std::min({a.y, b.y, c.y});
+    const double maxY = std::max({a.y, b.y, c.y});
+    auto outsideBox = [&](Point2 p) {
+        return p.x < minX || p.x > maxX || p.y < minY || p.y > maxY;
+    };
+    if (!gridded_) {
+        for (int32_t p = next_[next]; p != prev; p = next_[p]) {
+            if (!outsideBox(point_[p]) && blocks(p, a, b, c))
+                return false;
+        }
+        return true;
+    }
+    const auto x0 = static_cast<int32_t>((minX - gridOrigin_.x) / cellSize_);
+    const auto x1 = std::min(columns_ - 1, static_cast<int32_t>((maxX - gridOrigin_.x) / cellSize_));
+    const auto y0 = static_cast<int32_t>((minY - gridOrigin_.y) / cellSize_);
+    const auto y1 = std::min(rows_ - 1, static_cast<int32_t>((maxY - gridOrigin_.y) / cellSize_));
+    for (int32_t y = y0; y <= y1; ++y) {
+        for (int32_t x = x0; x <= x1; ++x) {
+            for (int32_t p = cellHead_[static_cast<size_t>(y) * columns_ + x]; p >= 0; p = cellNext_[p]) {
+                if (p != prev && p != ear && p != next && !outsideBox(point_[p]) && blocks(p, a, b, c))
+                    return false;
+            }
+        }
+    }
+    return true;
+}
+
+void EarClipper::unlink(int32_t node) {
+    next_[prev_[node]] = next_[node];
+    prev_[next_[node]] = prev_[node];
+    if (!gridded_)
+        return;
+    // Out of its cell too, so that searches never walk past clipped points.
+    const int32_t before = cellPrev_[node];
+    const int32_t after = cellNext_[node];
+    if (after >= 0)
+        cellPrev_[after] = before;
+    if (before >= 0) {
+        cellNext_[before] = after;
+    } else {
+        cellHead_[cellOf(point_[node])] = after;
+    }
+}
+
+bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out) {
+    point_.clear();
+    index_.clear();
+    prev_.clear();
+    next_.clear();
+    holes_.clear();
+    gridded_ = false;
+
+    const int32_t outer = 0;
+    linkLoop(face, 0, false);
+    for (int32_t l = 1; l < face.loopCount(); ++l) {
+        const auto first = static_cast<int32_t>(point_.size());
+        // Holes run clockwise, so that a bridge in and out of one keeps the joined loop consistent.
+        linkLoop(face, l, twiceSignedArea(face.loop(l)) > 0.0);
+        int32_t leftmost = first;
+        for (auto n = first; n < static_cast<int32_t>(point_.size()); ++n) {
+            const Point2 p = point_[n];
+            const Point2 best = point_[leftmost];
+            if (p.x < best.x || (p.x == best.x && p.y < best.y))
+                leftmost = n;
+        }
+        holes_.emplace_back(point_[leftmost].x, leftmost);
+    }
+    // Left to right: a hole's bridge can then only meet the outer loop and holes already joined.
+    std::sort(holes_.begin(), holes_.end(), [&](const auto& a, const auto& b) {
+        return a.first < b.first || (a.first == b.first && point_[a.second].y < point_[b.second].y);
+    });
+    for (const auto& [x, hole] : holes_) {
+        if (!joinHole(outer, hole))
+            return false;
+    }
+
+    if (point_.size() > kGridThreshold)
+        buildGrid(outer);
+    const size_t firstOut = out.size();
+    size_t remaining = point_.size();
+    int32_t ear = outer;
+    int32_t stop = ear;
+    while (remaining > 3) {
+        const int32_t prev = prev_[ear];
+        const int32_t next = next_[ear];
+        if (isEar(ear)) {
+            out.push_back({index_[prev], index_[ear], index_[next]});
+            unlink(ear);
+            --remaining;
+            ear = next;
+            stop = next;
+            continue;
+        }
+        ear = next;
+        if (ear == stop) {
+            out.resize(firstOut);
+            return false;
+        }
+    }
+    const int32_t prev = prev_[ear];
+    const int32_t next = next_[ear];
+    if (orientation(point_[prev], point_[ear], point_[next]) <= 0) {
+        out.resize(firstOut);
+        return false;
+    }
+    out.push_back({index_[prev], index_[ear], index_[next]});
+    return true;
+}
+
+} // namespace oz::mesh

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "mesh/PlanarFace.h"
+#include "mesh/Triangle.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace oz::mesh {
+
+// Cuts a well-formed planar face (see loopsWellFormed) into triangles by ear clipping. Holes are
+// first joined to the outer loop by bridges to a visible point, which makes one weakly simple
+// loop; an ear is then a strictly convex corner whose triangle holds no other point of the loop,
+// not even on its edges. A point on a straight run is therefore never cut off on its own: it
+// keeps a corner of a real triangle, and no triangle of zero area is ever made. Keep one per
+// thread and reuse it: it keeps its buffers.
+class EarClipper {
+public:
+    // Appends the face's triangles to `out` as point indices of the face, counter-clockwise in
+    // its plane. Returns false, appending nothing, when no bridge or no ear can be found, which
+    // only happens when the face was not well-formed after all.
+    bool triangulate(const PlanarFace& face, std::vector<Triangle>& out);
+
+private:
+    int32_t addNode(Point2 p, int32_t index, int32_t after);
+    void linkLoop(const PlanarFace& face, int32_t loop, bool reverse);
+    bool joinHole(int32_t outer, int32_t hole);
+    int32_t findBridge(int32_t outer, int32_t hole) const;
+    bool bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const;
+    bool opensTowards(int32_t node, Point2 target) const;
+    bool isEar(int32_t ear) const;
+    bool blocks(int32_t node, Point2 a, Point2 b, Point2 c) const;
+    void buildGrid(int32_t start);
+    size_t cellOf(Point2 p) const;
+    void unlink(int32_t node);
+
+    std::vector<Point2> point_;
+    std::vector<int32_t> index_;
+    std::vector<int32_t> prev_;
+    std::vector<int32_t> next_;
+    std::vector<std::pair<double, int32_t>> holes_; // leftmost x and node of each hole
+
+    // Large faces find the points near an ear through a uniform grid of cells, each a list of the
+    // points in it that are not clipped yet.
+    bool gridded_ = false;
+    Point2 gridOrigin_;
+    double cellSize_ = 1.0;
+    int32_t columns_ = 0;
+    int32_t rows_ = 0;
+    std::vector<int32_t> cellHead_;
+    std::vector<int32_t> cellNext_;
+    std::vector<int32_t> cellPrev_;
+};
+
+} // namespace oz::mesh

@@ -1,0 +1,84 @@
+#include "mesh/PlanarFace.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace oz::mesh {
+
+namespace {
+
+// How far off its plane a point may lie, relative to the face's extent, and still count as on it.
+constexpr double kPlaneTolerance = 1e-9;
+// The exact predicates stay exact while no product of coordinate differences underflows or
+// overflows; coordinates outside these magnitudes (other than zero) go to the sweep.
+constexpr double kSmallestMagnitude = 1e-100;
+constexpr double kLargestMagnitude = 1e100;
+
+bool exactlyUsable(double c) {
+    const double magnitude = std::abs(c);
+    return c == 0.0 || (magnitude >= kSmallestMagnitude && magnitude <= kLargestMagnitude);
+}
+
+} // namespace
+
+int32_t projectionPlane(Vector3 normal) {
+    const double n[3] = {normal.x, normal.y, normal.z};
+    int32_t axis = 0;
+    for (int32_t k = 1; k < 3; ++k) {
+        if (std::abs(n[k]) > std::abs(n[axis]))
+            axis = k;
+    }
+    return 2 * axis + (n[axis] < 0.0 ? 1 : 0);
+}
+
+bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
+                 PlanarFace& out) {
+    const int32_t plane = projectionPlane(normal);
+    const int32_t axis = plane / 2;
+    // (u, v, axis) is a cyclic order of (x, y, z): right-handed, so swapping u and v mirrors the
+    // plane for a normal pointing down the axis.
+    int32_t u = (axis + 1) % 3;
+    int32_t v = (axis + 2) % 3;
+    if (plane % 2 == 1)
+        std::swap(u, v);
+
+    const auto ids = faces.faceVertices(face);
+    out.points.resize(ids.size());
+    out.loopStart.clear();
+    int32_t start = 0;
+    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l) {
+        out.loopStart.push_back(start);
+        start += static_cast<int32_t>(faces.loop(face, l).size());
+    }
+    out.loopStart.push_back(start);
+
+    const Point3 origin = points[ids[0]];
+    double extent = 0.0;
+    double offPlane = 0.0;
+    for (size_t i = 0; i < ids.size(); ++i) {
+        const Point3 p = points[ids[i]];
+        if (!isFinite(p))
+            return false;
+        const double c[3] = {p.x, p.y, p.z};
+        if (!exactlyUsable(c[u]) || !exactlyUsable(c[v]))
+            return false;
+        out.points[i] = {c[u], c[v]};
+        const Vector3 d = p - origin;
+        extent = std::max({extent, std::abs(d.x), std::abs(d.y), std::abs(d.z)});
+        offPlane = std::max(offPlane, std::abs(dot(d, normal)));
+    }
+    return offPlane <= kPlaneTolerance * extent;
+}
+
+double twiceSignedArea(std::span<const Point2> loop) {
+    double area = 0.0;
+    const Point2 origin = loop[0];
+    for (size_t i = 1; i + 1 < loop.size(); ++i) {
+        const Point2 a = loop[i];
+        const Point2 b = loop[i + 1];
+        area += (a.x - origin.x) * (b.y - origin.y) - (b.x - origin.x) * (a.y - origin.y);
+    }
+    return area;
+}
+
+} // namespace oz::mesh

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "mesh/FaceLoops.h"
+#include "mesh/Orientation2d.h"
+#include "mesh/Vec3.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace oz::mesh {
+
+// A face laid flat: its points dropped onto the coordinate plane its normal is closest to, with
+// the axes ordered so that counter-clockwise in the plane is counter-clockwise about the normal.
+// Dropping a coordinate, rather than rotating into the plane, keeps the coordinates exact, so
+// points on a line stay exactly on a line. Points keep the face's order: outer loop, then holes.
+struct PlanarFace {
+    std::vector<Point2> points;
+    std::vector<int32_t> loopStart; // per loop its first point, plus the point count at the end
+
+    int32_t loopCount() const { return static_cast<int32_t>(loopStart.size()) - 1; }
+    int32_t loopSize(int32_t loop) const { return loopStart[loop + 1] - loopStart[loop]; }
+    std::span<const Point2> loop(int32_t loop) const {
+        return std::span<const Point2>(points).subspan(loopStart[loop], loopSize(loop));
+    }
+};
+
+// The coordinate plane a face with `normal` is laid flat on: the dropped axis (0 to 2) times two,
+// plus one when the normal points down that axis.
+int32_t projectionPlane(Vector3 normal);
+
+// Lays `face` flat along `normal` (non-zero) into `out`. Returns false, leaving `out` unspecified,
+// when a point is not finite, has a coordinate too small or too large for exact predicates, or lies
+// off the face's plane by more than a rounding-sized margin.
+bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
+                 PlanarFace& out);
+
+// Twice the signed area of a loop (positive when counter-clockwise).
+double twiceSignedArea(std::span<const Point2> loop);
+
+} // namespace oz::mesh

@@ -1,0 +1,193 @@
+#include "CutChecks.h"
+#include "data/MeshAccess.h"
+#include "graph/NodeTypeRegistry.h"
+#include "mesh/FaceTriangulation.h"
+#include "mesh/LoopChecks.h"
+#include "mesh/PlanarFace.h"
+#include "text/FontNode.h"
+#include "text/HexText.h"
+
+#include <OpenZyvo/ZFileIO.h>
+#include <OpenZyvo/ZFnDependencyNode.h>
+#include <OpenZyvo/ZPlug.h>
+#include <fontconfig/fontconfig.h>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace type {
+namespace {
+
+using FcPatternPtr = std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)>;
+
+// The styles fontconfig lists for `family` (as its first family name) with every character each
+// covers, outside the controls and spaces, which draw nothing.
+std::vector<std::pair<std::string, std::u32string>> installedStyles(const char* family) {
+    FcPatternPtr pattern(FcPatternCreate(), &FcPatternDestroy);
+    FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
+    std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)> wanted(
+        FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_CHARSET, nullptr), &FcObjectSetDestroy);
+    std::unique_ptr<FcFontSet, decltype(&FcFontSetDestroy)> fonts(
+        FcFontList(nullptr, pattern.get(), wanted.get()), &FcFontSetDestroy);
+    std::vector<std::pair<std::string, std::u32string>> styles;
+    for (int i = 0; fonts && i < fonts->nfont; ++i) {
+        FcChar8* first = nullptr;
+        FcChar8* style = nullptr;
+        FcCharSet* charset = nullptr;
+        if (FcPatternGetString(fonts->fonts[i], FC_FAMILY, 0, &first) != FcResultMatch ||
+            std::string(reinterpret_cast<const char*>(first)) != family ||
+            FcPatternGetString(fonts->fonts[i], FC_STYLE, 0, &style) != FcResultMatch ||
+            FcPatternGetCharSet(fonts->fonts[i], FC_CHARSET, 0, &charset) != FcResultMatch)
+            continue;
+        std::u32string characters;
+        FcChar32 page[FC_CHARSET_MAP_SIZE];
+        FcChar32 next = 0;
+        for (FcChar32 base = FcCharSetFirstPage(charset, page, &next); base != FC_CHARSET_DONE;
+             base = FcCharSetNextPage(charset, page, &next)) {
+            for (int word = 0; word < FC_CHARSET_MAP_SIZE; ++word) {
+                for (int bit = 0; bit < 32; ++bit) {
+                    const char32_t c = base + 32 * word + bit;
+                    if ((page[word] >> bit & 1) && c > 0x20 && !(c >= 0x7f && c <= 0xa0) && c != 0xad &&
+                        !(c >= 0x2000 && c <= 0x200f) && !(c >= 0x2028 && c <= 0x202f) && c < 0xd800)
+                        characters += c;
+                }
+            }
+        }
+        styles.emplace_back(reinterpret_cast<const char*>(style), std::move(characters));
+    }
+    return styles;
+}
+
+// Every covered character once, 64 to a line.
+std::string utf8Lines(const std::u32string& characters) {
+    std::string text;
+    for (size_t i = 0; i < characters.size(); ++i) {
+        if (i > 0 && i % 64 == 0)
+            text += '\n';
+        const char32_t c = characters[i];
+        if (c < 0x80) {
+            text += static_cast<char>(c);
+        } else if (c < 0x800) {
+            text += static_cast<char>(0xc0 | c >> 6);
+            text += static_cast<char>(0x80 | (c & 0x3f));
+        } else if (c < 0x10000) {
+            text += static_cast<char>(0xe0 | c >> 12);
+            text += static_cast<char>(0x80 | (c >> 6 & 0x3f));
+            text += static_cast<char>(0x80 | (c & 0x3f));
+        } else {
+            text += static_cast<char>(0xf0 | c >> 18);
+            text += static_cast<char>(0x80 | (c >> 12 & 0x3f));
+            text += static_cast<char>(0x80 | (c >> 6 & 0x3f));
+            text += static_cast<char>(0x80 | (c & 0x3f));
+        }
+    }
+    return text;
+}
+
+// The caps the type node makes of every glyph of a font, cut by the mesh kernel.
+class CapTriangulation : public ::testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override {
+        oz::NodeTypeInfo info;
+        info.name = fontNode::kTypeName;
+        info.id = ZTypeId(fontNode::kTypeId);
+        info.creator = [] {
+            return static_cast<ZPxNode*>(fontNode::creator());
+        };
+        info.initializer = fontNode::initialize;
+        ZString error;
+        ASSERT_TRUE(oz::NodeTypeRegistry::instance().registerType(std::move(info), &error)) << error;
+        ASSERT_TRUE(ZFileIO::newFile(true));
+        ZStatus status;
+        m_node = ZFnDependencyNode().create(ZString(fontNode::kTypeName), &status);
+        ASSERT_TRUE(status);
+    }
+
+    void TearDown() override {
+        ZFileIO::newFile(true);
+        oz::NodeTypeRegistry::instance().deregisterType(ZString(fontNode::kTypeName));
+    }
+
+    // The node's flat text mesh for every character of the style.
+    const oz::mesh::Mesh* capsOf(const std::string& family, const std::string& style,
+                                 const std::u32string& text) {
+        EXPECT_TRUE(ZPlug(m_node, fontNode::currentFont).setValue(ZString(family)));
+        EXPECT_TRUE(ZPlug(m_node, fontNode::currentStyle).setValue(ZString(style)));
+        EXPECT_TRUE(ZPlug(m_node, fontNode::textInput).setValue(encodeHexText(utf8Lines(text))));
+        EXPECT_TRUE(ZPlug(m_node, fontNode::outputMesh).getValue(m_mesh));
+        return oz::readMesh(oz::meshTargetOf(m_mesh), nullptr);
+    }
+
+    ZObject m_node;
+    ZObject m_mesh;
+};
+
+// Every glyph's cap whose loops are simple and properly nested takes the fast cut and comes out
+// exact: no zero-area triangle (the sweep left two on each straight stem with a point in it), no
+// triangle outside the outline or in a hole, all turning with the cap's normal, covering the cap's
+// area. Only the rare cap whose outline touches itself (the overlap removal leaves a few) is swept.
+TEST_P(CapTriangulation, EveryWellFormedGlyphCapIsCutExactlyWithoutTheSweep) {
+    const auto styles = installedStyles(GetParam());
+    ASSERT_FALSE(styles.empty()) << GetParam() << " is not installed";
+    for (const auto& [style, characters] : styles) {
+        SCOPED_TRACE(std::string(GetParam()) + " " + style);
+        const oz::mesh::Mesh* mesh = capsOf(GetParam(), style, characters);
+        ASSERT_NE(mesh, nullptr);
+        ASSERT_GT(mesh->faceCount(), static_cast<int32_t>(characters.size() / 2));
+        const oz::mesh::Triangulation cut = oz::mesh::triangulateFaces(mesh->faces(), mesh->points());
+        int32_t illFormed = 0;
+        int faults = 0;
+        oz::mesh::PlanarFace planar;
+        for (int32_t f = 0; f < mesh->faceCount() && faults < 10; ++f) {
+            const oz::mesh::Vector3 normal = *mesh->faceNormal(f);
+            if (!oz::mesh::flattenFace(mesh->faces(), mesh->points(), f, normal, planar) ||
+                !oz::mesh::loopsWellFormed(planar)) {
+                ++illFormed;
+                continue;
+            }
+            const std::string fault =
+                oz::mesh::test::cutFault(mesh->faces(), mesh->points(), f, cut.faceTriangles(f), normal);
+            if (!fault.empty()) {
+                ADD_FAILURE() << "face " << f << ": " << fault;
+                ++faults;
+            }
+        }
+        EXPECT_LE(cut.counts.tessellated, illFormed);
+        EXPECT_LE(100 * cut.counts.tessellated, mesh->faceCount()) << "more than 1 % of the caps were swept";
+        std::cout << GetParam() << " " << style << ": " << characters.size() << " characters, "
+                  << mesh->faceCount() << " faces: " << cut.counts.planar << " cut, " << cut.counts.memo
+                  << " from the memo, " << cut.counts.simple << " triangles or convex quads, "
+                  << cut.counts.tessellated << " swept\n";
+    }
+}
+
+// Every copy of a letter in a text is laid out as an exact translate of the others, at any size
+// and alignment, so the mesh cuts each distinct letter once. Scaling the pen position and the
+// outline together used to round each copy differently, and only a few copies hit the memo.
+TEST_F(CapTriangulation, RepeatedGlyphsAreExactTranslates) {
+    EXPECT_TRUE(ZPlug(m_node, fontNode::fontSize).setValue(7.3));
+    EXPECT_TRUE(ZPlug(m_node, fontNode::alignmentMode).setValue(2));
+    const oz::mesh::Mesh* mesh = capsOf("DejaVu Sans", "Book", U"gab abg bag\nbag gab\nabg");
+    ASSERT_NE(mesh, nullptr);
+    ASSERT_EQ(mesh->faceCount(), 18);
+    const oz::mesh::Triangulation cut = oz::mesh::triangulateFaces(mesh->faces(), mesh->points());
+    EXPECT_EQ(cut.counts.planar, 3);
+    EXPECT_EQ(cut.counts.memo, 15);
+}
+
+INSTANTIATE_TEST_SUITE_P(InstalledFonts, CapTriangulation,
+                         ::testing::Values("DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono",
+                                           "Liberation Sans", "Liberation Serif"),
+                         [](const ::testing::TestParamInfo<const char*>& info) {
+                             std::string name;
+                             for (const char* c = info.param; *c; ++c) {
+                                 if (*c != ' ')
+                                     name += *c;
+                             }
+                             return name;
+                         });
+
+} // namespace
+} // namespace type
