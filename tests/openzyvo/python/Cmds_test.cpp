@@ -138,7 +138,7 @@ TEST_F(Cmds, FailingCommandsDoNotCopyTheLog) {
                      "        last = str(error)\n"),
               "");
     EXPECT_EQ(log().copiesMade(), copiesBefore);
-    EXPECT_EQ(python("last"), "makeThing: invalid flag '-colour'");
+    EXPECT_EQ(python("last"), "line 1, column 1: makeThing: invalid flag '-colour'");
 }
 
 TEST_F(Cmds, ValuesPythonCannotPassAreTypeErrors) {
