@@ -12,13 +12,14 @@ NumericData* dataOf(const ZFnNumericData& fn) {
     return ObjectAccess::as<NumericData>(fn.object());
 }
 
-ZStatus get(const ZFnNumericData& fn, unsigned int count, std::initializer_list<double*> out) {
+// The caller's variables are written only when the data holds exactly that
+// many components; on failure they keep what they had.
+template <typename T, typename... Out> ZStatus get(const ZFnNumericData& fn, Out&... out) {
     const NumericData* data = dataOf(fn);
-    if (!data || ZFnNumericData::componentCount(data->kind) != count)
+    if (!data || ZFnNumericData::componentCount(data->kind) != sizeof...(Out))
         return ZStatus::kInvalidParameter;
     std::size_t i = 0;
-    for (double* value : out)
-        *value = data->values[i++];
+    ((out = static_cast<T>(data->values[i++])), ...);
     return ZStatus::kSuccess;
 }
 
@@ -77,51 +78,28 @@ ZFnNumericData::Type ZFnNumericData::numericType(ZStatus* status) const {
 }
 
 ZStatus ZFnNumericData::getData(double& value) const {
-    return get(*this, 1, {&value});
+    return get<double>(*this, value);
 }
-
 ZStatus ZFnNumericData::getData2Int(int& a, int& b) const {
-    double x, y;
-    ZStatus status = get(*this, 2, {&x, &y});
-    a = static_cast<int>(x);
-    b = static_cast<int>(y);
-    return status;
+    return get<int>(*this, a, b);
 }
-
 ZStatus ZFnNumericData::getData3Int(int& a, int& b, int& c) const {
-    double x, y, z;
-    ZStatus status = get(*this, 3, {&x, &y, &z});
-    a = static_cast<int>(x);
-    b = static_cast<int>(y);
-    c = static_cast<int>(z);
-    return status;
+    return get<int>(*this, a, b, c);
 }
-
 ZStatus ZFnNumericData::getData2Float(float& a, float& b) const {
-    double x, y;
-    ZStatus status = get(*this, 2, {&x, &y});
-    a = static_cast<float>(x);
-    b = static_cast<float>(y);
-    return status;
+    return get<float>(*this, a, b);
 }
-
 ZStatus ZFnNumericData::getData3Float(float& a, float& b, float& c) const {
-    double x, y, z;
-    ZStatus status = get(*this, 3, {&x, &y, &z});
-    a = static_cast<float>(x);
-    b = static_cast<float>(y);
-    c = static_cast<float>(z);
-    return status;
+    return get<float>(*this, a, b, c);
 }
-
 ZStatus ZFnNumericData::getData2Double(double& a, double& b) const {
-    return get(*this, 2, {&a, &b});
+    return get<double>(*this, a, b);
 }
 ZStatus ZFnNumericData::getData3Double(double& a, double& b, double& c) const {
-    return get(*this, 3, {&a, &b, &c});
+    return get<double>(*this, a, b, c);
 }
 ZStatus ZFnNumericData::getData4Double(double& a, double& b, double& c, double& d) const {
-    return get(*this, 4, {&a, &b, &c, &d});
+    return get<double>(*this, a, b, c, d);
 }
 
 ZStatus ZFnNumericData::setData(double value) {

@@ -4,6 +4,7 @@
 #include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZFnEnumAttribute.h>
 #include <OpenZyvo/ZFnNumericAttribute.h>
+#include <OpenZyvo/ZFnNumericData.h>
 #include <OpenZyvo/ZFnStringData.h>
 #include <OpenZyvo/ZFnTypedAttribute.h>
 #include <OpenZyvo/ZFnUnitAttribute.h>
@@ -145,4 +146,25 @@ TEST_F(Attributes, CurvesInterpolateThroughSortedPointsAndClamp) {
     EXPECT_EQ(values, (ZDoubleArray{1.0, 3.0}));
     EXPECT_FALSE(curve.setCurve(ZDoubleArray{0.0}, ZDoubleArray{}));
     EXPECT_FALSE(ZCurveAttribute(node, Settings::level).isCurveAttribute());
+}
+
+TEST_F(Attributes, NumericTupleGettersKeepTheCallersValuesOnFailure) {
+    ZFnNumericData fn;
+    const ZObject triple = fn.create(ZFnNumericData::k3Int);
+    ASSERT_FALSE(triple.isNull());
+    ASSERT_TRUE(fn.setData3Int(4, 5, 6));
+
+    int a = -1, b = -2;
+    EXPECT_FALSE(fn.getData2Int(a, b));
+    EXPECT_EQ(a, -1);
+    EXPECT_EQ(b, -2);
+    float x = 0.5f, y = 1.5f;
+    EXPECT_FALSE(fn.getData2Float(x, y));
+    EXPECT_EQ(x, 0.5f);
+    EXPECT_EQ(y, 1.5f);
+
+    double p = 0.0, q = 0.0, r = 0.0;
+    EXPECT_TRUE(fn.getData3Double(p, q, r));
+    EXPECT_EQ(p, 4.0);
+    EXPECT_EQ(r, 6.0);
 }
