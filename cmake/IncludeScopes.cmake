@@ -12,6 +12,8 @@
 #   PART   the part's folder under ROOT; it always sees itself.
 #   USES   the parts directly below it; what they use is visible too, so each
 #          part names only its direct neighbours.
+# The scope belongs to the target, so a folder may hold two targets that see
+# different parts (a library and the module built on top of it).
 function(zyvo_part_scope target)
     cmake_parse_arguments(ARG "" "LAYER;PART;ROOT" "USES" ${ARGN})
     if(NOT ARG_LAYER OR NOT ARG_PART OR NOT ARG_ROOT)
@@ -29,7 +31,7 @@ function(zyvo_part_scope target)
     list(REMOVE_DUPLICATES visible)
     set_property(GLOBAL PROPERTY zyvo_scope_${ARG_LAYER}_${ARG_PART} ${visible})
 
-    set(scope ${PROJECT_BINARY_DIR}/include_scopes/${ARG_LAYER}/${ARG_PART})
+    set(scope ${PROJECT_BINARY_DIR}/include_scopes/${target})
     file(REMOVE_RECURSE ${scope})
     file(MAKE_DIRECTORY ${scope})
     foreach(folder IN LISTS visible)
@@ -38,12 +40,12 @@ function(zyvo_part_scope target)
     target_include_directories(${target} PRIVATE ${scope})
 endfunction()
 
-# zyvo_layer_probe(<name> LAYER <layer> PART <folder> INCLUDE <header>)
-# A CTest check that the scope of PART really hides <header>: the compiler
+# zyvo_layer_probe(<name> TARGET <target> INCLUDE <header>)
+# A CTest check that the scope of <target> really hides <header>: the compiler
 # checks a one-line source including it with only that scope, and the test
 # passes only when it cannot find the header.
 function(zyvo_layer_probe name)
-    cmake_parse_arguments(ARG "" "LAYER;PART;INCLUDE" "" ${ARGN})
+    cmake_parse_arguments(ARG "" "TARGET;INCLUDE" "" ${ARGN})
     if(NOT ZYVO_BUILD_TESTS)
         return()
     endif()
@@ -51,7 +53,7 @@ function(zyvo_layer_probe name)
     file(WRITE ${source} "#include \"${ARG_INCLUDE}\"\n")
     add_test(NAME layers.${name}
              COMMAND ${CMAKE_CXX_COMPILER} -fsyntax-only
-                     -I${PROJECT_BINARY_DIR}/include_scopes/${ARG_LAYER}/${ARG_PART} ${source})
+                     -I${PROJECT_BINARY_DIR}/include_scopes/${ARG_TARGET} ${source})
     string(REPLACE "." "\\." header_pattern "${ARG_INCLUDE}")
     set_tests_properties(layers.${name} PROPERTIES
         PASS_REGULAR_EXPRESSION "${header_pattern}: No such file or directory;'${header_pattern}' file not found")
