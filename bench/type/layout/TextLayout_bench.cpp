@@ -1,4 +1,4 @@
-#include "text/TextLayoutPath.h"
+#include "layout/TextLayoutPath.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdio>

@@ -1,5 +1,5 @@
+#include "fonts/FontMessages.h"
 #include "plugin/TypeMessages.h"
-#include "text/FontMessages.h"
 
 #include <OpenZyvo/ZStringResource.h>
 #include <gtest/gtest.h>
