@@ -2,6 +2,7 @@
 
 #include <fontconfig/fontconfig.h>
 #include <memory>
+#include <string>
 
 namespace type {
 
@@ -12,12 +13,11 @@ struct PatternDestroy {
 };
 using Pattern = std::unique_ptr<FcPattern, PatternDestroy>;
 
-constexpr char kDefaultFontPattern[] = "Liberation Serif:style=Italic";
-
 } // namespace
 
 ZString defaultFontPath() {
-    const Pattern pattern(FcNameParse(reinterpret_cast<const FcChar8*>(kDefaultFontPattern)));
+    const std::string name = std::string(kDefaultFontFamily) + ":style=" + kDefaultFontStyle;
+    const Pattern pattern(FcNameParse(reinterpret_cast<const FcChar8*>(name.c_str())));
     if (!pattern)
         return {};
     FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);

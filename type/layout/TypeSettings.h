@@ -2,14 +2,12 @@
 
 #include "geometry/ContourThinning.h"
 #include "geometry/EdgeSubdivision.h"
+#include "layout/TypeSettingValues.h"
 
 #include <cstdint>
 #include <string>
 
 namespace type {
-
-// Values of the node's "alignmentMode" enumeration. Other values align left.
-enum class AlignmentMode : std::int32_t { Left = 1, Centre = 2, Right = 3 };
 
 // Everything the type node hands to layout and glyph decomposition, read from
 // its attributes once per evaluation.
@@ -20,13 +18,13 @@ struct TypeSettings {
     // is A, line break, B).
     std::string text;
 
-    double fontSize = 20.0;           // height of one line in scene units
-    std::int32_t curveResolution = 4; // segments per curve
-    float kerningScale = 1.0f;
-    float leadingScale = 1.0f;
-    float spaceWidthScale = 1.0f;
-    float tracking = 0.0f; // letter spacing, percent above 100
-    AlignmentMode alignment = AlignmentMode::Left;
+    double fontSize = settingsDefaults::kFontSize;
+    std::int32_t curveResolution = settingsDefaults::kCurveResolution; // segments per curve
+    float kerningScale = settingsDefaults::kKerningScale;
+    float leadingScale = settingsDefaults::kLeadingScale;
+    float spaceWidthScale = settingsDefaults::kSpaceWidthScale;
+    float tracking = settingsDefaults::kTracking; // letter spacing, percent above 100
+    AlignmentMode alignment = settingsDefaults::kAlignment;
 
     ThinningSettings thinning;
     // "deformableType": long edges of the pre-layout and legacy caps are split

@@ -24,7 +24,7 @@ void fontNode::postConstructor() {
     const ZCallbackId id =
         ZNodeMessage::addAttributeChangedCallback(thisZObject(), attributeChanged, nullptr, &status);
     if (!status) {
-        reportApiError(status, "fontNode");
+        reportApiError(status, kSourceUnit);
         return;
     }
     m_callbackIds.append(id);

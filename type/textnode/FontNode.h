@@ -9,8 +9,13 @@
 namespace type {
 
 // The "type" node: text and font in, a flat mesh and per-character
-// bookkeeping out. Scenes store its attributes by name, so names, types and
-// enum values never change; the handles below are what compute reads.
+// bookkeeping out.
+//
+// One node, two names: scenes, commands and scripts know the node type as
+// "type", while the class and its files keep the name fontNode (FontNode*),
+// because the node reports under that name: its errors read "API error
+// detected in fontNode at line ...". Renaming the class would change what the
+// node reports; renaming the type would break every stored scene.
 //
 // "generator" offers the fields 0, 1, 2, 6, 8 and 9 only. The text routines
 // of 3 (clock), 4 (countdown), 5 (random number) and 7 (keyed text) stay
@@ -21,6 +26,8 @@ class fontNode : public ZPxNode {
 public:
     static constexpr unsigned int kTypeId = 0x11BE2E;
     static constexpr const char* kTypeName = "type";
+    // The name the node's error reports give as their source.
+    static constexpr const char* kSourceUnit = "fontNode";
 
     static void* creator();
     static ZStatus initialize();

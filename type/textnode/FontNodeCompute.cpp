@@ -7,6 +7,7 @@
 #include "layout/LegacyPath.h"
 #include "layout/PreLayoutPath.h"
 #include "layout/TextLayoutPath.h"
+#include "layout/TypeSettingValues.h"
 #include "plugin/ApiError.h"
 #include "textnode/FontNode.h"
 #include "textnode/ManipulatorArrays.h"
@@ -24,9 +25,7 @@
 #include <OpenZyvo/ZFnVectorArrayData.h>
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZPxCommand.h>
-#include <QString>
 #include <algorithm>
-#include <cstdio>
 #include <initializer_list>
 #include <iostream>
 #include <vector>
@@ -35,15 +34,7 @@ namespace type {
 
 namespace {
 
-constexpr char kUnit[] = "fontNode";
-
-// The attribute ranges the node declares; values past them reach compute
-// through connections and are held to what the paths can work with.
-constexpr int kMinCurveResolution = 1;
-constexpr int kMaxCurveResolution = 100;
-constexpr int kMinDivisions = 1;
-constexpr int kMaxDivisions = 100;
-constexpr double kMinEdgeLength = 0.01;
+constexpr const char* kUnit = fontNode::kSourceUnit;
 
 bool isOneOf(const ZObject& attribute, std::initializer_list<const ZObject*> attributes) {
     return std::any_of(attributes.begin(), attributes.end(),
@@ -124,21 +115,6 @@ private:
     ZStatus m_status;
 };
 
-// Layout takes one token per UTF-16 code unit; "textInput" holds the text's
-// UTF-8 bytes.
-std::string layoutTokens(const std::string& hexBytes) {
-    const std::string bytes = decodeHexText(hexBytes);
-    const QString text = QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
-    std::string tokens;
-    tokens.reserve(static_cast<std::size_t>(text.size()) * 4);
-    char token[8];
-    for (const QChar unit : text) {
-        std::snprintf(token, sizeof token, "%x ", static_cast<unsigned>(unit.unicode()));
-        tokens += token;
-    }
-    return tokens;
-}
-
 // Bounds far past anything a scene lays out, within which every path keeps
 // finite, exact coordinates: outlines scaled by them stay well inside the
 // integer range the pre-layout and legacy paths clip in.
@@ -177,8 +153,8 @@ private:
 std::optional<FontMessage> readLayoutSettings(NodeValues& values, TypeSettings& settings) {
     SettingReader read(values);
     settings.fontSize = read.number(fontNode::fontSize, kUsableSize);
-    settings.curveResolution =
-        std::clamp(values.input(fontNode::curveResolution).asInt(), kMinCurveResolution, kMaxCurveResolution);
+    settings.curveResolution = std::clamp(values.input(fontNode::curveResolution).asInt(),
+                                          curveResolutionLimits::kMin, curveResolutionLimits::kMax);
     settings.kerningScale = static_cast<float>(read.number(fontNode::kerningScale, kUsableScale));
     settings.leadingScale = static_cast<float>(read.number(fontNode::leadingScale, kUsableScale));
     settings.spaceWidthScale = static_cast<float>(read.number(fontNode::spaceWidthScale, kUsableScale));
@@ -191,9 +167,10 @@ std::optional<FontMessage> readLayoutSettings(NodeValues& values, TypeSettings& 
     settings.setParity = values.input(fontNode::setParity).asBool();
     settings.subdivideEdges = values.input(fontNode::deformableType).asBool();
     settings.subdivision.maxDivisions =
-        std::clamp(values.input(fontNode::maxDivisions).asInt(), kMinDivisions, kMaxDivisions);
+        std::clamp(values.input(fontNode::maxDivisions).asInt(), subdivisionLimits::kMinDivisions,
+                   subdivisionLimits::kMaxDivisions);
     settings.subdivision.maxEdgeLength =
-        std::max(read.number(fontNode::maxEdgeLength, kUsableThreshold), kMinEdgeLength);
+        std::max(read.number(fontNode::maxEdgeLength, kUsableThreshold), subdivisionLimits::kMinEdgeLength);
     settings.legacyDecomposition = values.input(fontNode::legacyDecomposition).asBool();
     settings.preTLDecompose = values.input(fontNode::preTLDecompose).asBool();
     return read.unusable();

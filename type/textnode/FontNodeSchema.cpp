@@ -1,3 +1,5 @@
+#include "geometry/EdgeSubdivision.h"
+#include "layout/TypeSettingValues.h"
 #include "plugin/AttributeSchema.h"
 #include "textnode/FontNode.h"
 
@@ -103,7 +105,7 @@ ZStatus fontNode::initialize() {
     const Flags interfaceOnly{.writable = false, .storable = false, .hidden = true};
     const Flags readWrite{.readable = true, .writable = true};
 
-    AttributeSchema schema("fontNode");
+    AttributeSchema schema(kSourceUnit);
 
     solidsPerCharacter = schema.typed("solidsPerCharacter", D::kDoubleArray, storable);
     solidsPerWord = schema.typed("solidsPerWord", D::kDoubleArray, storable);
@@ -170,26 +172,29 @@ ZStatus fontNode::initialize() {
         readWrite);
     schema.add(manipulatorTransforms);
 
-    fontSize =
-        schema.numeric("fontSize", N::kFloat, 20.0, keyableStorable, {.softMin = 0.1, .softMax = 100.0});
+    fontSize = schema.numeric("fontSize", N::kFloat, settingsDefaults::kFontSize, keyableStorable,
+                              {.softMin = 0.1, .softMax = 100.0});
     schema.add(fontSize);
-    kerningScale =
-        schema.numeric("kerningScale", N::kFloat, 1.0, keyableStorable, {.softMin = 0.0, .softMax = 5.0});
+    kerningScale = schema.numeric("kerningScale", N::kFloat, settingsDefaults::kKerningScale, keyableStorable,
+                                  {.softMin = 0.0, .softMax = 5.0});
     schema.add(kerningScale);
-    spaceWidthScale =
-        schema.numeric("spaceWidthScale", N::kFloat, 1.0, keyableStorable, {.softMin = 0.0, .softMax = 5.0});
+    spaceWidthScale = schema.numeric("spaceWidthScale", N::kFloat, settingsDefaults::kSpaceWidthScale,
+                                     keyableStorable, {.softMin = 0.0, .softMax = 5.0});
     schema.add(spaceWidthScale);
-    tracking =
-        schema.numeric("tracking", N::kFloat, 0.0, keyableStorable, {.softMin = -10.0, .softMax = 10.0});
+    tracking = schema.numeric("tracking", N::kFloat, settingsDefaults::kTracking, keyableStorable,
+                              {.softMin = -10.0, .softMax = 10.0});
     schema.add(tracking);
-    leadingScale =
-        schema.numeric("leadingScale", N::kFloat, 1.0, keyableStorable, {.softMin = 0.0, .softMax = 5.0});
+    leadingScale = schema.numeric("leadingScale", N::kFloat, settingsDefaults::kLeadingScale, keyableStorable,
+                                  {.softMin = 0.0, .softMax = 5.0});
     schema.add(leadingScale);
-    curveResolution = schema.numeric("curveResolution", N::kInt, 4.0, keyableStorable,
-                                     {.min = 1.0, .max = 100.0, .softMax = 10.0});
+    curveResolution =
+        schema.numeric("curveResolution", N::kInt, settingsDefaults::kCurveResolution, keyableStorable,
+                       {.min = curveResolutionLimits::kMin,
+                        .max = curveResolutionLimits::kMax,
+                        .softMax = curveResolutionLimits::kSoftMax});
     schema.add(curveResolution);
-    // There is no field 0: the left alignment is 1.
-    alignmentMode = schema.enumeration("alignmentMode", 1, {{"Left", 1}, {"Centre", 2}, {"Right", 3}});
+    alignmentMode = schema.enumeration("alignmentMode", static_cast<short>(settingsDefaults::kAlignment),
+                                       kAlignmentFields);
     schema.add(alignmentMode);
     positionAdjust = schema.numeric("positionAdjust", N::k3Double, {0.0, 0.0, 0.0});
     schema.add(positionAdjust);
@@ -236,11 +241,17 @@ ZStatus fontNode::initialize() {
     schema.add(legacyDecomposition);
     preTLDecompose = schema.numeric("preTLDecompose", N::kBoolean, 0.0);
     schema.add(preTLDecompose);
-    maxDivisions = schema.numeric("maxDivisions", N::kInt, 20.0, keyableStorable,
-                                  {.min = 1.0, .max = 100.0, .softMax = 30.0});
+    maxDivisions =
+        schema.numeric("maxDivisions", N::kInt, EdgeSubdivisionSettings{}.maxDivisions, keyableStorable,
+                       {.min = subdivisionLimits::kMinDivisions,
+                        .max = subdivisionLimits::kMaxDivisions,
+                        .softMax = subdivisionLimits::kSoftMaxDivisions});
     schema.add(maxDivisions);
-    maxEdgeLength = schema.numeric("maxEdgeLength", N::kFloat, 5.0, keyableStorable,
-                                   {.min = 0.01, .softMin = 0.1, .softMax = 15.0});
+    maxEdgeLength =
+        schema.numeric("maxEdgeLength", N::kFloat, EdgeSubdivisionSettings{}.maxEdgeLength, keyableStorable,
+                       {.min = subdivisionLimits::kMinEdgeLength,
+                        .softMin = subdivisionLimits::kSoftMinEdgeLength,
+                        .softMax = subdivisionLimits::kSoftMaxEdgeLength});
     schema.add(maxEdgeLength);
 
     animationMessage = schema.message("animationMessage");

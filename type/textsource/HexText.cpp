@@ -58,4 +58,18 @@ QString hexTokensToQString(const std::string& hexTokens) {
     return text;
 }
 
+std::string layoutTokens(std::string_view hexBytes) {
+    const std::string bytes = decodeHexText(hexBytes);
+    const QString text = QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
+    std::string tokens;
+    tokens.reserve(static_cast<std::size_t>(text.size()) * 5);
+    char token[4];
+    for (const QChar unit : text) {
+        const auto [last, error] = std::to_chars(token, token + sizeof token, unit.unicode(), 16);
+        tokens.append(token, last);
+        tokens += ' ';
+    }
+    return tokens;
+}
+
 } // namespace type

@@ -24,4 +24,9 @@ std::string decodeHexText(std::string_view hexText);
 // keeps its low 16 bits).
 QString hexTokensToQString(const std::string& hexTokens);
 
+// The tokens layout reads (one per UTF-16 code unit, as hexTokensToQString
+// takes them) for a text in the form "textInput" holds it (UTF-8 bytes).
+// Malformed UTF-8 becomes replacement characters.
+std::string layoutTokens(std::string_view hexBytes);
+
 } // namespace type

@@ -51,6 +51,19 @@ TEST(HexText, SurrogatePairsStayTwoCodeUnits) {
     EXPECT_EQ(smiley, QString::fromUtf8("\xF0\x9F\x98\x80"));
 }
 
+// The layout benchmark once wrote a token per UTF-8 byte, so any letter
+// beyond ASCII reached the layout as two to four wrong characters.
+TEST(HexText, LayoutTokensAreOnePerUtf16CodeUnitNotPerUtf8Byte) {
+    const std::string utf8 = "A\xC3\xA9\n\xE6\x97\xA5\xF0\x9F\x98\x80"; // A, e acute, line break, sun, smiley
+    EXPECT_EQ(layoutTokens(encodeHexText(utf8)), "41 e9 a 65e5 d83d de00 ");
+    EXPECT_EQ(hexTokensToQString(layoutTokens(encodeHexText(utf8))), QString::fromUtf8(utf8.c_str()));
+}
+
+TEST(HexText, LayoutTokensReplaceMalformedUtf8) {
+    EXPECT_EQ(layoutTokens("41 ff 42"), "41 fffd 42 ");
+    EXPECT_EQ(layoutTokens(""), "");
+}
+
 TEST(HexText, JunkTokensBecomeNullCodeUnits) {
     const QString text = hexTokensToQString("41  xyz 1F600 ");
     ASSERT_EQ(text.size(), 3);
