@@ -1,3 +1,4 @@
+#include "../GoldenTable.h"
 #include "../plugin/PluginTesting.h"
 
 #include <OpenZyvo/ZFnAttribute.h>
@@ -18,101 +19,20 @@ namespace typetest {
 namespace {
 
 struct Attribute {
-    const char* name;
-    const char* type; // as getAttr -type names it
+    std::string name;
+    std::string type; // as getAttr -type names it
 };
 
-// In order of creation: children before their compound.
-const Attribute kAttributes[] = {
-    {"solidsPerCharacter", "doubleArray"},
-    {"solidsPerWord", "doubleArray"},
-    {"solidsPerLine", "doubleArray"},
-    {"grouping", "compound"},
-    {"vertsPerChar", "doubleArray"},
-    {"characterBoundingBoxesMax", "vectorArray"},
-    {"characterBoundingBoxesMin", "vectorArray"},
-    {"outputMesh", "mesh"},
-    {"manipulatorPivots", "vectorArray"},
-    {"holeInfo", "Int32Array"},
-    {"numberOfShells", "long"},
-    {"textInput", "string"},
-    {"currentFont", "string"},
-    {"currentStyle", "string"},
-    {"writingSystem", "string"},
-    {"fontError", "string"},
-    {"homeFolder", "string"},
-    {"fontList", "string"},
-    {"styleList", "string"},
-    {"fontStyleList", "stringArray"},
-    {"manipulatorPositionsPP", "vectorArray"},
-    {"manipulatorWordPositionsPP", "vectorArray"},
-    {"manipulatorLinePositionsPP", "vectorArray"},
-    {"manipulatorRotationsPP", "vectorArray"},
-    {"manipulatorWordRotationsPP", "vectorArray"},
-    {"manipulatorLineRotationsPP", "vectorArray"},
-    {"manipulatorScalesPP", "vectorArray"},
-    {"manipulatorWordScalesPP", "vectorArray"},
-    {"manipulatorLineScalesPP", "vectorArray"},
-    {"manipulateId", "long"},
-    {"manipulatePolygon", "long"},
-    {"manipulateWord", "long"},
-    {"manipulateLine", "long"},
-    {"alignmentAdjustments", "doubleArray"},
-    {"manipulatorMode", "enum"},
-    {"manipulatorTransforms", "compound"},
-    {"fontSize", "float"},
-    {"kerningScale", "float"},
-    {"spaceWidthScale", "float"},
-    {"tracking", "float"},
-    {"leadingScale", "float"},
-    {"curveResolution", "long"},
-    {"alignmentMode", "enum"},
-    {"positionAdjust", "double3"},
-    {"rotationAdjust", "double3"},
-    {"scaleAdjust", "double3"},
-    {"enableDistanceFilter", "bool"},
-    {"pointDistanceFilter", "float"},
-    {"setParity", "bool"},
-    {"removeColinear", "bool"},
-    {"colinearAngle", "float"},
-    {"animationPositionX", "doubleLinear"},
-    {"animationPositionY", "doubleLinear"},
-    {"animationPositionZ", "doubleLinear"},
-    {"animationPosition", "compound"},
-    {"animationRotationX", "doubleAngle"},
-    {"animationRotationY", "doubleAngle"},
-    {"animationRotationZ", "doubleAngle"},
-    {"animationRotation", "compound"},
-    {"animationScaleX", "double"},
-    {"animationScaleY", "double"},
-    {"animationScaleZ", "double"},
-    {"animationScale", "compound"},
-    {"deformableType", "bool"},
-    {"legacyDecomposition", "bool"},
-    {"preTLDecompose", "bool"},
-    {"maxDivisions", "long"},
-    {"maxEdgeLength", "float"},
-    {"animationMessage", "message"},
-    {"extrudeMessage", "message"},
-    {"transformMessage", "message"},
-    {"remeshMessage", "message"},
-    {"vectorMessages", "compound"},
-    {"generator", "enum"},
-    {"countdown", "long"},
-    {"changeRate", "long"},
-    {"randomRange", "long2"},
-    {"length", "long"},
-    {"decimalPlaces", "long"},
-    {"randomSeed", "long"},
-    {"percent", "long"},
-    {"reverse", "bool"},
-    {"random", "bool"},
-    {"delay", "float"},
-    {"randomizerMode", "enum"},
-    {"time", "time"},
-    {"animatedType", "string"},
-    {"pythonExpression", "string"},
-};
+// The node's attributes in order of creation, children before their compound.
+const std::vector<Attribute>& attributes() {
+    static const std::vector<Attribute> table = [] {
+        std::vector<Attribute> rows;
+        for (const GoldenRow& row : readGoldenTable("type_node_attributes.tsv", 2))
+            rows.push_back({row[0], row[1]});
+        return rows;
+    }();
+    return table;
+}
 
 class FontNodeSchema : public TypePluginTest {
 protected:
@@ -124,7 +44,7 @@ protected:
         ASSERT_TRUE(list.getDependNode(0, m_node));
     }
 
-    ZObject attribute(const char* name) const {
+    ZObject attribute(const std::string& name) const {
         ZStatus status;
         const ZObject found = ZFnDependencyNode(m_node).attribute(name, &status);
         EXPECT_TRUE(status) << name;
@@ -143,6 +63,8 @@ void inCreationOrder(const ZObject& attribute, std::vector<std::string>& names) 
     names.push_back(ZFnAttribute(attribute).name().asStdString());
 }
 
+// Every row of the golden table is an attribute of the node, in the same
+// order and of the same type, and the node has no attribute the table lacks.
 TEST_F(FontNodeSchema, HasItsAttributesInOrderWithTheirNamesAndTypes) {
     const ZFnDependencyNode node(m_node);
     std::vector<std::string> created;
@@ -153,15 +75,14 @@ TEST_F(FontNodeSchema, HasItsAttributesInOrderWithTheirNamesAndTypes) {
             inCreationOrder(candidate, created);
     }
     std::vector<std::string> expected;
-    for (const Attribute& a : kAttributes)
+    for (const Attribute& a : attributes())
         expected.push_back(a.name);
     EXPECT_THAT(created, ::testing::ElementsAreArray(expected));
 
-    for (const Attribute& a : kAttributes) {
+    for (const Attribute& a : attributes()) {
         const std::string shortName = ZFnAttribute(attribute(a.name)).shortName().asStdString();
-        const std::string name = a.name;
-        EXPECT_EQ(shortName, name == "time" ? "ti" : name == "vectorMessages" ? "typeMessages" : name);
-        EXPECT_EQ(text("getAttr -type type1." + name), a.type) << name;
+        EXPECT_EQ(shortName, a.name == "time" ? "ti" : a.name == "vectorMessages" ? "typeMessages" : a.name);
+        EXPECT_EQ(text("getAttr -type type1." + a.name), a.type) << a.name;
     }
 }
 
@@ -264,7 +185,7 @@ TEST_F(FontNodeSchema, LimitsItsNumbersAsDeclared) {
         {"decimalPlaces", {0.0, {}, {}, 10.0}},      {"randomSeed", {1.0, {}, {}, 100.0}},
         {"percent", {0.0, {}, {}, 100.0}},           {"delay", {0.0, {}, {}, 100.0}},
     };
-    for (const Attribute& a : kAttributes) {
+    for (const Attribute& a : attributes()) {
         const ZObject object = attribute(a.name);
         if (!object.hasFn(ZFn::kNumericAttribute) ||
             ZFnAttribute(object).parent().hasFn(ZFn::kNumericAttribute))
@@ -295,14 +216,13 @@ TEST_F(FontNodeSchema, SetsOnlyTheFlagsItDeclares) {
         "animationScale",    "maxDivisions",       "maxEdgeLength",      "animatedType"};
     const std::set<std::string> interfaceOnly = {"fontError", "homeFolder", "fontList", "styleList",
                                                  "fontStyleList"};
-    for (const Attribute& a : kAttributes) {
+    for (const Attribute& a : attributes()) {
         const ZFnAttribute fn(attribute(a.name));
         const bool shown = interfaceOnly.count(a.name) == 0;
         EXPECT_TRUE(fn.isReadable()) << a.name;
         EXPECT_EQ(fn.isWritable(), shown) << a.name;
         // Messages carry no value, so the host never stores them.
-        const bool storable =
-            shown && std::string(a.name) != "outputMesh" && std::string(a.type) != "message";
+        const bool storable = shown && a.name != "outputMesh" && a.type != "message";
         EXPECT_EQ(fn.isStorable(), storable) << a.name;
         EXPECT_EQ(fn.isHidden(), !shown) << a.name;
         EXPECT_EQ(fn.isKeyable(), keyable.count(a.name) == 1) << a.name;
@@ -404,7 +324,7 @@ TEST_F(FontNodeSchema, InputsDirtyExactlyTheirOutputs) {
         {"pythonExpression", fromTime},
     };
     const ZFnDependencyNode node(m_node);
-    for (const Attribute& a : kAttributes) {
+    for (const Attribute& a : attributes()) {
         ZObjectArray affected;
         ASSERT_TRUE(node.getAffectedAttributes(attribute(a.name), affected)) << a.name;
         Names found;
