@@ -3,7 +3,7 @@
 // a piece that is not a 32-bit hexadecimal number); any bytes come back
 // unchanged from an encode and decode; and layout reads one UTF-16 code unit
 // per piece, its low 16 bits.
-#include "text/HexText.h"
+#include "textsource/HexText.h"
 
 #include <algorithm>
 #include <cstddef>

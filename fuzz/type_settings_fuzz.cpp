@@ -9,7 +9,7 @@
 // alignment, curve resolution, divisions, then eight numbers (one byte, and
 // four more of float bits when that byte is 0xF0 or above), then the text.
 #include "commands/MessageLog.h"
-#include "text/HexText.h"
+#include "textsource/HexText.h"
 
 #include <OpenZyvo/ZFileIO.h>
 #include <OpenZyvo/ZFnDependencyNode.h>

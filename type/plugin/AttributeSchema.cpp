@@ -165,6 +165,12 @@ ZObject AttributeSchema::unit(const Names& names, ZFnUnitAttribute::Type type, d
 ZObject AttributeSchema::enumeration(const Names& names, short defaultValue,
                                      std::initializer_list<std::pair<const char*, short>> fields,
                                      const Flags& flags, Where where) {
+    return enumeration(names, defaultValue, std::span(fields.begin(), fields.size()), flags, where);
+}
+
+ZObject AttributeSchema::enumeration(const Names& names, short defaultValue,
+                                     std::span<const std::pair<const char*, short>> fields,
+                                     const Flags& flags, Where where) {
     if (!m_status)
         return {};
     ZStatus status;

@@ -9,6 +9,7 @@
 #include <OpenZyvo/ZStatus.h>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <utility>
 
 namespace type {
@@ -74,6 +75,10 @@ public:
                  const Flags& flags = {}, Where where = Where::current());
     ZObject enumeration(const Names& names, short defaultValue,
                         std::initializer_list<std::pair<const char*, short>> fields, const Flags& flags = {},
+                        Where where = Where::current());
+    // Fields kept in a table beside the values they name.
+    ZObject enumeration(const Names& names, short defaultValue,
+                        std::span<const std::pair<const char*, short>> fields, const Flags& flags = {},
                         Where where = Where::current());
     ZObject message(const Names& names, const Flags& flags = {}, Where where = Where::current());
     ZObject compound(const Names& names, std::initializer_list<ZObject> children, const Flags& flags = {},

@@ -12,7 +12,7 @@
 #include "shading/AssignShaderCommand.h"
 #include "shading/ObjGrpToComp.h"
 #include "svg/SvgNode.h"
-#include "text/FontNode.h"
+#include "textnode/FontNode.h"
 
 #include <OpenZyvo/ZApiVersion.h>
 #include <OpenZyvo/ZFnPlugin.h>

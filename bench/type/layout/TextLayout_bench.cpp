@@ -1,21 +1,11 @@
-#include "text/TextLayoutPath.h"
+#include "layout/TextLayoutPath.h"
+#include "textsource/HexText.h"
 
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <string>
 
 namespace type {
 namespace {
-
-std::string hexOf(const std::string& text) {
-    std::string hex;
-    char token[8];
-    for (const char c : text) {
-        std::snprintf(token, sizeof token, "%x ", static_cast<unsigned char>(c));
-        hex += token;
-    }
-    return hex;
-}
 
 // Ten lines of 100 characters of running text, 1,000 characters in all.
 std::string paragraph() {
@@ -36,7 +26,7 @@ TypeSettings settingsFor(const std::string& text) {
     settings.family = "DejaVu Sans";
     settings.style = "Book";
     settings.curveResolution = 4;
-    settings.text = hexOf(text);
+    settings.text = layoutTokens(encodeHexText(text));
     return settings;
 }
 

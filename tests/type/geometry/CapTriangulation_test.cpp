@@ -4,8 +4,8 @@
 #include "mesh/FaceTriangulation.h"
 #include "mesh/LoopChecks.h"
 #include "mesh/PlanarFace.h"
-#include "text/FontNode.h"
-#include "text/HexText.h"
+#include "textnode/FontNode.h"
+#include "textsource/HexText.h"
 
 #include <OpenZyvo/ZFileIO.h>
 #include <OpenZyvo/ZFnDependencyNode.h>

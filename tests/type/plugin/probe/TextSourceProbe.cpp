@@ -1,5 +1,5 @@
-#include "text/FontNode.h"
-#include "text/NodeTextSource.h"
+#include "textnode/FontNode.h"
+#include "textnode/NodeTextSource.h"
 
 #include <OpenZyvo/ZApiVersion.h>
 #include <OpenZyvo/ZDataBlock.h>
