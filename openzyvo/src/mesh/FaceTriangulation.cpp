@@ -55,7 +55,6 @@ struct Worker {
     EarClipper clipper;
     ShapeMemo memo;
     PlanarFace planar;
-    ShapeKey key;
     std::vector<Triangle> local;
     std::vector<Triangle> triangles;
     std::vector<FaceRun> runs;
@@ -63,7 +62,7 @@ struct Worker {
 
     void cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
     bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
-                   bool keyed);
+                   uint64_t hash);
 };
 
 // Appends a pattern of point indices within `face` as vertex ids.
@@ -74,14 +73,13 @@ void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> patte
 }
 
 bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
-                       bool keyed) {
+                       uint64_t hash) {
     local.clear();
     if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
         !clipper.triangulate(planar, local))
         return false;
     appendPattern(faces.faceVertices(face), local, triangles);
-    if (keyed)
-        memo.store(key, local);
+    memo.store(face, hash, local);
     ++counts.planar;
     return true;
 }
@@ -94,20 +92,18 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
         return;
     }
     // A translated copy of a face cut before needs neither its normal nor any check.
-    const bool keyed = makeShapeKey(faces, points, face, key);
-    if (keyed) {
-        if (const auto pattern = memo.find(key); !pattern.empty()) {
-            appendPattern(faces.faceVertices(face), pattern, triangles);
-            ++counts.memo;
-            return;
-        }
+    const uint64_t hash = shapeHash(faces, points, face);
+    if (const auto pattern = memo.find(faces, points, face, hash); !pattern.empty()) {
+        appendPattern(faces.faceVertices(face), pattern, triangles);
+        ++counts.memo;
+        return;
     }
     const Vector3 normal = faceNormal(faces, points, face);
     if (faces.faceLoopCount(face) == 1 && triangulateQuad(outer, points, normal, triangles)) {
         ++counts.simple;
         return;
     }
-    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, keyed))
+    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, hash))
         return;
     tessellator.tessellate(faces, points, face, normal, triangles);
     ++counts.tessellated;
