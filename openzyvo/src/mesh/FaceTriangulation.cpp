@@ -60,10 +60,22 @@ struct Worker {
     std::vector<FaceRun> runs;
     TriangulationCounts counts;
 
+    void reserve(const FaceLoops& faces);
     void cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
     bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
                    uint64_t hash);
 };
+
+// Room for the triangles of every face of the pass (a cut face of n points and h holes has n + 2h - 2
+// triangles), taken once per worker: output then never moves while it grows, and the pages a
+// worker does not fill are never touched.
+void Worker::reserve(const FaceLoops& faces) {
+    const auto bound = static_cast<size_t>(faces.faceVertexCount()) +
+                       2 * static_cast<size_t>(faces.loopCount() - faces.faceCount());
+    triangles.reserve(bound);
+    memo.reserve(bound);
+    runs.reserve(static_cast<size_t>(faces.faceCount()));
+}
 
 // Appends a pattern of point indices within `face` as vertex ids.
 void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
@@ -116,7 +128,10 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
     tbb::enumerable_thread_specific<Worker> workers;
     tbb::parallel_for(tbb::blocked_range<int32_t>(0, faceCount, 64),
                       [&](const tbb::blocked_range<int32_t>& range) {
-                          Worker& w = workers.local();
+                          bool fresh = false;
+                          Worker& w = workers.local(fresh);
+                          if (fresh)
+                              w.reserve(faces);
                           for (int32_t f = range.begin(); f != range.end(); ++f) {
                               const auto begin = static_cast<int32_t>(w.triangles.size());
                               w.cut(faces, points, f);

@@ -32,6 +32,7 @@ public:
     std::span<const Triangle> find(const FaceLoops& faces, std::span<const Point3> points, int32_t face,
                                    uint64_t hash) const;
     void store(int32_t face, uint64_t hash, std::span<const Triangle> pattern);
+    void reserve(size_t patternTriangles) { patterns_.reserve(patternTriangles); }
 
 private:
     struct Entry {
