@@ -227,7 +227,8 @@ bool EarClipper::blocks(int32_t node, Point2 a, Point2 b, Point2 c) const {
     // Another copy of a corner (the two ends of a bridge) opens away from the ear.
     if (p == a || p == b || p == c)
         return false;
-    return inClosedTriangle(a, b, c, p);
+    // The diagonal c-a first: points near an ear but outside it mostly lie beyond it.
+    return inClosedTriangle(c, a, b, p);
 }
 
 bool EarClipper::isEar(int32_t ear) const {
