@@ -12,6 +12,7 @@
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>
+#include <tbb/task_arena.h>
 
 namespace oz::mesh {
 
@@ -66,15 +67,19 @@ struct Worker {
                    uint64_t hash);
 };
 
-// Room for the triangles of every face of the pass (a cut face of n points and h holes has n + 2h - 2
-// triangles), taken once per worker: output then never moves while it grows, and the pages a
-// worker does not fill are never touched.
+// Room for twice a fair share of the pass's triangles (a cut face of n points and h holes has
+// n + 2h - 2), taken once per worker: output then rarely moves while it grows, and on a machine
+// with many threads no worker holds room for the whole pass.
 void Worker::reserve(const FaceLoops& faces) {
-    const auto bound = static_cast<size_t>(faces.faceVertexCount()) +
-                       2 * static_cast<size_t>(faces.loopCount() - faces.faceCount());
-    triangles.reserve(bound);
-    memo.reserve(bound);
-    runs.reserve(static_cast<size_t>(faces.faceCount()));
+    const auto threads = static_cast<size_t>(std::max(1, tbb::this_task_arena::max_concurrency()));
+    auto share = [threads](size_t total) {
+        return std::min(total, 2 * total / threads);
+    };
+    const size_t bound = static_cast<size_t>(faces.faceVertexCount()) +
+                         2 * static_cast<size_t>(faces.loopCount() - faces.faceCount());
+    triangles.reserve(share(bound));
+    memo.reserve(share(bound));
+    runs.reserve(share(static_cast<size_t>(faces.faceCount())));
 }
 
 // Appends a pattern of point indices within `face` as vertex ids.
