@@ -44,7 +44,20 @@ uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32
     return hash;
 }
 
-bool sameShape(const FaceLoops& faces, std::span<const Point3> points, int32_t a, int32_t b) {
+bool offsetsExact(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
+    const auto ids = faces.faceVertices(face);
+    const Point3 origin = points[ids[0]];
+    for (size_t i = 1; i < ids.size(); ++i) {
+        const Point3 p = points[ids[i]];
+        double d = 0.0;
+        if (!exactDifference(p.x, origin.x, d) || !exactDifference(p.y, origin.y, d) ||
+            !exactDifference(p.z, origin.z, d))
+            return false;
+    }
+    return true;
+}
+
+bool sameOffsets(const FaceLoops& faces, std::span<const Point3> points, int32_t a, int32_t b) {
     const int32_t loops = faces.faceLoopCount(a);
     if (faces.faceLoopCount(b) != loops)
         return false;
@@ -56,29 +69,34 @@ bool sameShape(const FaceLoops& faces, std::span<const Point3> points, int32_t a
     const auto idsB = faces.faceVertices(b);
     const Point3 originA = points[idsA[0]];
     const Point3 originB = points[idsB[0]];
-    auto sameOffset = [](double a, double originA, double b, double originB) {
-        double da = 0.0;
-        double db = 0.0;
-        return exactDifference(a, originA, da) && exactDifference(b, originB, db) && da == db;
+    auto same = [](double a, double originA, double b, double originB) {
+        double d = 0.0;
+        return exactDifference(b, originB, d) && d == a - originA;
     };
     for (size_t i = 1; i < idsA.size(); ++i) {
         const Point3 p = points[idsA[i]];
         const Point3 q = points[idsB[i]];
-        if (!sameOffset(p.x, originA.x, q.x, originB.x) || !sameOffset(p.y, originA.y, q.y, originB.y) ||
-            !sameOffset(p.z, originA.z, q.z, originB.z))
+        if (!same(p.x, originA.x, q.x, originB.x) || !same(p.y, originA.y, q.y, originB.y) ||
+            !same(p.z, originA.z, q.z, originB.z))
             return false;
     }
     return true;
 }
 
+bool ShapeMemo::exact(Entry& entry, const FaceLoops& faces, std::span<const Point3> points) {
+    if (entry.exact == Entry::Exact::Unknown)
+        entry.exact = offsetsExact(faces, points, entry.face) ? Entry::Exact::Yes : Entry::Exact::No;
+    return entry.exact == Entry::Exact::Yes;
+}
+
 std::span<const Triangle> ShapeMemo::find(const FaceLoops& faces, std::span<const Point3> points,
-                                          int32_t face, uint64_t hash) const {
+                                          int32_t face, uint64_t hash) {
     if (slots_.empty())
         return {};
     const size_t mask = slots_.size() - 1;
     for (size_t s = hash & mask; slots_[s] != 0; s = (s + 1) & mask) {
-        const Entry& entry = entries_[static_cast<size_t>(slots_[s]) - 1];
-        if (entry.hash == hash && sameShape(faces, points, entry.face, face))
+        Entry& entry = entries_[static_cast<size_t>(slots_[s]) - 1];
+        if (entry.hash == hash && exact(entry, faces, points) && sameOffsets(faces, points, entry.face, face))
             return std::span<const Triangle>(patterns_).subspan(entry.patternBegin, entry.patternCount);
     }
     return {};

@@ -14,10 +14,14 @@ namespace oz::mesh {
 // to the first one. Equal shapes hash alike; equal hashes only name candidates.
 uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
 
-// Whether face `b` is an exact translate of face `a`: the same loop sizes, and every point's offset
-// from the first point the same in both, each offset an exact difference. Then every turn of every
-// triangle is the same in both, and one cut fits both.
-bool sameShape(const FaceLoops& faces, std::span<const Point3> points, int32_t a, int32_t b);
+// Whether every point of `face` lies at an offset from its first point that is an exact
+// difference of their coordinates.
+bool offsetsExact(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
+
+// Whether face `b` has the loop sizes of face `a` and, point for point, the same offsets from its
+// first point, each an exact difference in `b`. When `a`'s offsets are exact too, `b` is an exact
+// translate of `a`: every turn of every triangle is the same in both, and one cut fits both.
+bool sameOffsets(const FaceLoops& faces, std::span<const Point3> points, int32_t a, int32_t b);
 
 // Triangle patterns (point indices within the face) of the faces cut so far in one pass over a
 // mesh. Repeated letters of a text are translated copies of one outline: each is cut once. An
@@ -30,7 +34,7 @@ public:
     // candidates; their shapes are compared in full, so a different shape never gets a pattern
     // that does not fit it.
     std::span<const Triangle> find(const FaceLoops& faces, std::span<const Point3> points, int32_t face,
-                                   uint64_t hash) const;
+                                   uint64_t hash);
     void store(int32_t face, uint64_t hash, std::span<const Triangle> pattern);
     void reserve(size_t patternTriangles) { patterns_.reserve(patternTriangles); }
 
@@ -40,7 +44,12 @@ private:
         int32_t face;
         int32_t patternBegin;
         int32_t patternCount;
+        // Whether the face's offsets are exact: worked out when a candidate first meets the entry,
+        // so that faces no other face resembles never pay for it.
+        enum class Exact : int8_t { Unknown, Yes, No } exact = Exact::Unknown;
     };
+
+    bool exact(Entry& entry, const FaceLoops& faces, std::span<const Point3> points);
 
     void grow();
 

@@ -200,22 +200,24 @@ TEST(ShapeMemo, CopyDifferingInOneBitIsCutAfresh) {
     EXPECT_EQ(counts.planar, 3);
 }
 
-// Two faces far from the origin whose dented corner differs by half a unit: each offset from the
-// first point rounds to the same double, but neither is exact, so they are different shapes and
-// must not share a cut.
+// Faces far from the origin whose dented corner differs by half a unit or lies on the straight
+// side: each offset from the first point rounds to the same double, but only the straight one's is
+// exact, so all three are different shapes and must not share a cut, whichever comes first.
 TEST(ShapeMemo, OffsetsThatRoundAlikeAreNotCopies) {
     const double far = std::ldexp(1.0, 54);
     auto dented = [far](double dent) {
         return std::vector<Point3>{{far, 0, 0}, {far, far, 0}, {0, far, 0}, {dent, far / 2, 0}, {0, 0, 0}};
     };
     ASSERT_EQ(dented(1.0)[3].x - far, dented(0.5)[3].x - far);
+    ASSERT_EQ(dented(1.0)[3].x - far, dented(0.0)[3].x - far);
     Mesh mesh;
     addFace(mesh, {dented(1.0)});
     addFace(mesh, {dented(0.5)});
+    addFace(mesh, {dented(0.0)});
     expectExactCuts(mesh);
     const TriangulationCounts counts = countsOf(mesh);
     EXPECT_EQ(counts.memo, 0);
-    EXPECT_EQ(counts.planar, 2);
+    EXPECT_EQ(counts.planar, 3);
 }
 
 // One clipper keeps its buffers from face to face: a small face cut after a large one (which
