@@ -16,7 +16,7 @@ struct Edge {
     int32_t to;
 };
 
-// Whether b -> c runs back over a -> b (the loop folds onto itself at b) when a, b, c are collinear.
+// Whether b -> c runs back over a -> b (the loop folds onto itself at b); a, b, c collinear.
 bool doublesBack(Point2 a, Point2 b, Point2 c) {
     const bool sameX = a.x != b.x && c.x != b.x && (a.x < b.x) == (c.x < b.x);
     const bool sameY = a.y != b.y && c.y != b.y && (a.y < b.y) == (c.y < b.y);
@@ -53,8 +53,7 @@ bool edgesAreSimple(const PlanarFace& face) {
             const Point2 b = face.points[next];
             if (a == b)
                 return false;
-            // The cheap direction test first: most corners turn back along neither axis.
-            if (doublesBack(a, b, face.points[after]) && orientation(a, b, face.points[after]) == 0)
+            if (orientation(a, b, face.points[after]) == 0 && doublesBack(a, b, face.points[after]))
                 return false;
             edges.push_back(
                 {std::min(a.x, b.x), std::max(a.x, b.x), std::min(a.y, b.y), std::max(a.y, b.y), i, next});
