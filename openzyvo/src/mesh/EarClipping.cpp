@@ -17,29 +17,38 @@ bool inClosedTriangle(Point2 a, Point2 b, Point2 c, Point2 p) {
 
 } // namespace
 
+void EarClipper::reserveNodes(size_t count) {
+    if (point_.size() >= count)
+        return;
+    point_.resize(count);
+    index_.resize(count);
+    prev_.resize(count);
+    next_.resize(count);
+}
+
 int32_t EarClipper::addNode(Point2 p, int32_t index, int32_t after) {
-    const auto node = static_cast<int32_t>(point_.size());
-    point_.push_back(p);
-    index_.push_back(index);
-    if (after < 0) {
-        prev_.push_back(node);
-        next_.push_back(node);
-    } else {
-        prev_.push_back(after);
-        next_.push_back(next_[after]);
-        prev_[next_[after]] = node;
-        next_[after] = node;
-    }
+    const int32_t node = nodes_++;
+    point_[node] = p;
+    index_[node] = index;
+    prev_[node] = after;
+    next_[node] = next_[after];
+    prev_[next_[after]] = node;
+    next_[after] = node;
     return node;
 }
 
 void EarClipper::linkLoop(const PlanarFace& face, int32_t loop, bool reverse) {
     const int32_t begin = face.loopStart[loop];
-    const int32_t end = face.loopStart[loop + 1];
-    int32_t last = -1;
-    for (int32_t k = 0; k < end - begin; ++k) {
-        const int32_t i = reverse ? end - 1 - k : begin + k;
-        last = addNode(face.points[i], i, last);
+    const int32_t size = face.loopSize(loop);
+    const int32_t first = nodes_;
+    nodes_ += size;
+    for (int32_t k = 0; k < size; ++k) {
+        const int32_t i = reverse ? begin + size - 1 - k : begin + k;
+        const int32_t node = first + k;
+        point_[node] = face.points[i];
+        index_[node] = i;
+        prev_[node] = k == 0 ? first + size - 1 : node - 1;
+        next_[node] = k == size - 1 ? first : node + 1;
     }
 }
 
@@ -128,7 +137,8 @@ int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
             p = outer;
             do {
                 const Point2 v = point_[p];
-                const bool inBox = v.x < m.x && v.x >= lowX && v.y >= lowY && v.y <= highY;
+                // The target itself would only fall to the slow exact test, and change nothing.
+                const bool inBox = v != target && v.x < m.x && v.x >= lowX && v.y >= lowY && v.y <= highY;
                 if (inBox && (turn > 0 ? inClosedTriangle(m, crossing, target, v)
                                        : inClosedTriangle(m, target, crossing, v))) {
                     const double tan = std::abs(v.y - m.y) / (m.x - v.x);
@@ -182,23 +192,22 @@ bool EarClipper::joinHole(int32_t outer, int32_t hole) {
 void EarClipper::buildGrid(int32_t start) {
     Point2 lo = point_[start];
     Point2 hi = lo;
-    for (const Point2& p : point_) {
+    for (int32_t n = 0; n < nodes_; ++n) {
+        const Point2 p = point_[n];
         lo = {std::min(lo.x, p.x), std::min(lo.y, p.y)};
         hi = {std::max(hi.x, p.x), std::max(hi.y, p.y)};
     }
     const double side = std::max(hi.x - lo.x, hi.y - lo.y);
-    const double perSide = std::ceil(std::sqrt(static_cast<double>(point_.size())));
+    const double perSide = std::ceil(std::sqrt(static_cast<double>(nodes_)));
     cellSize_ = side > 0.0 && std::isfinite(side) ? side / perSide : 1.0;
     gridOrigin_ = lo;
     columns_ = static_cast<int32_t>((hi.x - lo.x) / cellSize_) + 1;
     rows_ = static_cast<int32_t>((hi.y - lo.y) / cellSize_) + 1;
     cellHead_.assign(static_cast<size_t>(columns_) * rows_, -1);
-    cellNext_.assign(point_.size(), -1);
-    cellPrev_.assign(point_.size(), -1);
-    for (size_t n = 0; n < point_.size(); ++n) {
-        const Point2 p = point_[n];
-        int32_t& head = cellHead_[cellOf(p)];
-        const auto node = static_cast<int32_t>(n);
+    cellNext_.assign(static_cast<size_t>(nodes_), -1);
+    cellPrev_.assign(static_cast<size_t>(nodes_), -1);
+    for (int32_t node = 0; node < nodes_; ++node) {
+        int32_t& head = cellHead_[cellOf(point_[node])];
         cellNext_[node] = head;
         if (head >= 0)
             cellPrev_[head] = node;
@@ -218,7 +227,8 @@ bool EarClipper::blocks(int32_t node, Point2 a, Point2 b, Point2 c) const {
     // Another copy of a corner (the two ends of a bridge) opens away from the ear.
     if (p == a || p == b || p == c)
         return false;
-    return inClosedTriangle(a, b, c, p);
+    // The diagonal c-a first: points near an ear but outside it mostly lie beyond it.
+    return inClosedTriangle(c, a, b, p);
 }
 
 bool EarClipper::isEar(int32_t ear) const {
@@ -276,21 +286,20 @@ void EarClipper::unlink(int32_t node) {
 }
 
 bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out) {
-    point_.clear();
-    index_.clear();
-    prev_.clear();
-    next_.clear();
+    // Every hole adds the two ends of its bridge once more.
+    reserveNodes(face.points.size() + 2 * static_cast<size_t>(face.loopCount() - 1));
+    nodes_ = 0;
     holes_.clear();
     gridded_ = false;
 
     const int32_t outer = 0;
     linkLoop(face, 0, false);
     for (int32_t l = 1; l < face.loopCount(); ++l) {
-        const auto first = static_cast<int32_t>(point_.size());
+        const int32_t first = nodes_;
         // Holes run clockwise, so that a bridge in and out of one keeps the joined loop consistent.
         linkLoop(face, l, twiceSignedArea(face.loop(l)) > 0.0);
         int32_t leftmost = first;
-        for (auto n = first; n < static_cast<int32_t>(point_.size()); ++n) {
+        for (int32_t n = first; n < nodes_; ++n) {
             const Point2 p = point_[n];
             const Point2 best = point_[leftmost];
             if (p.x < best.x || (p.x == best.x && p.y < best.y))
@@ -307,10 +316,10 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
             return false;
     }
 
-    if (point_.size() > kGridThreshold)
+    if (static_cast<size_t>(nodes_) > kGridThreshold)
         buildGrid(outer);
     const size_t firstOut = out.size();
-    size_t remaining = point_.size();
+    int32_t remaining = nodes_;
     int32_t ear = outer;
     int32_t stop = ear;
     while (remaining > 3) {

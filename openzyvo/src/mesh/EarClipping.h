@@ -22,6 +22,7 @@ public:
     bool triangulate(const PlanarFace& face, std::vector<Triangle>& out);
 
 private:
+    void reserveNodes(size_t count);
     int32_t addNode(Point2 p, int32_t index, int32_t after);
     void linkLoop(const PlanarFace& face, int32_t loop, bool reverse);
     bool joinHole(int32_t outer, int32_t hole);
@@ -34,6 +35,9 @@ private:
     size_t cellOf(Point2 p) const;
     void unlink(int32_t node);
 
+    // The joined loop's nodes: the first nodes_ entries of these, which only ever grow, so that
+    // a face reuses the room earlier faces made.
+    int32_t nodes_ = 0;
     std::vector<Point2> point_;
     std::vector<int32_t> index_;
     std::vector<int32_t> prev_;

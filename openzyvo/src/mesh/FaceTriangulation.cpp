@@ -12,6 +12,7 @@
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>
+#include <tbb/task_arena.h>
 
 namespace oz::mesh {
 
@@ -55,16 +56,31 @@ struct Worker {
     EarClipper clipper;
     ShapeMemo memo;
     PlanarFace planar;
-    ShapeKey key;
     std::vector<Triangle> local;
     std::vector<Triangle> triangles;
     std::vector<FaceRun> runs;
     TriangulationCounts counts;
 
+    void reserve(const FaceLoops& faces);
     void cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
     bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
-                   bool keyed);
+                   uint64_t hash);
 };
+
+// Room for twice a fair share of the pass's triangles (a cut face of n points and h holes has
+// n + 2h - 2), taken once per worker: output then rarely moves while it grows, and on a machine
+// with many threads no worker holds room for the whole pass.
+void Worker::reserve(const FaceLoops& faces) {
+    const auto threads = static_cast<size_t>(std::max(1, tbb::this_task_arena::max_concurrency()));
+    auto share = [threads](size_t total) {
+        return std::min(total, 2 * total / threads);
+    };
+    const size_t bound = static_cast<size_t>(faces.faceVertexCount()) +
+                         2 * static_cast<size_t>(faces.loopCount() - faces.faceCount());
+    triangles.reserve(share(bound));
+    memo.reserve(share(bound));
+    runs.reserve(share(static_cast<size_t>(faces.faceCount())));
+}
 
 // Appends a pattern of point indices within `face` as vertex ids.
 void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
@@ -74,14 +90,13 @@ void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> patte
 }
 
 bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
-                       bool keyed) {
+                       uint64_t hash) {
     local.clear();
     if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
         !clipper.triangulate(planar, local))
         return false;
     appendPattern(faces.faceVertices(face), local, triangles);
-    if (keyed)
-        memo.store(key, local);
+    memo.store(face, hash, local);
     ++counts.planar;
     return true;
 }
@@ -94,20 +109,18 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
         return;
     }
     // A translated copy of a face cut before needs neither its normal nor any check.
-    const bool keyed = makeShapeKey(faces, points, face, key);
-    if (keyed) {
-        if (const auto pattern = memo.find(key); !pattern.empty()) {
-            appendPattern(faces.faceVertices(face), pattern, triangles);
-            ++counts.memo;
-            return;
-        }
+    const uint64_t hash = shapeHash(faces, points, face);
+    if (const auto pattern = memo.find(faces, points, face, hash); !pattern.empty()) {
+        appendPattern(faces.faceVertices(face), pattern, triangles);
+        ++counts.memo;
+        return;
     }
     const Vector3 normal = faceNormal(faces, points, face);
     if (faces.faceLoopCount(face) == 1 && triangulateQuad(outer, points, normal, triangles)) {
         ++counts.simple;
         return;
     }
-    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, keyed))
+    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, hash))
         return;
     tessellator.tessellate(faces, points, face, normal, triangles);
     ++counts.tessellated;
@@ -120,7 +133,10 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
     tbb::enumerable_thread_specific<Worker> workers;
     tbb::parallel_for(tbb::blocked_range<int32_t>(0, faceCount, 64),
                       [&](const tbb::blocked_range<int32_t>& range) {
-                          Worker& w = workers.local();
+                          bool fresh = false;
+                          Worker& w = workers.local(fresh);
+                          if (fresh)
+                              w.reserve(faces);
                           for (int32_t f = range.begin(); f != range.end(); ++f) {
                               const auto begin = static_cast<int32_t>(w.triangles.size());
                               w.cut(faces, points, f);

@@ -34,13 +34,17 @@ void forEachCorner(const FaceLoops& faces, std::span<const Point3> points, int32
 
 Vector3 newellNormal(std::span<const Point3> points, std::span<const int32_t> loop) {
     Vector3 n;
-    for (size_t i = 0; i < loop.size(); ++i) {
-        const Point3 a = points[loop[i]];
-        const Point3 b = points[loop[(i + 1) % loop.size()]];
+    auto addEdge = [&](Point3 a, Point3 b) {
         n.x += (a.y - b.y) * (a.z + b.z);
         n.y += (a.z - b.z) * (a.x + b.x);
         n.z += (a.x - b.x) * (a.y + b.y);
-    }
+    };
+    if (loop.empty())
+        return n;
+    // The closing edge last and on its own: no division per point to wrap around.
+    for (size_t i = 1; i < loop.size(); ++i)
+        addEdge(points[loop[i - 1]], points[loop[i]]);
+    addEdge(points[loop.back()], points[loop.front()]);
     return n;
 }
 

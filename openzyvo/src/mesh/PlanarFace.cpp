@@ -37,8 +37,9 @@ bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t
     const int32_t axis = plane / 2;
     // (u, v, axis) is a cyclic order of (x, y, z): right-handed, so swapping u and v mirrors the
     // plane for a normal pointing down the axis.
-    int32_t u = (axis + 1) % 3;
-    int32_t v = (axis + 2) % 3;
+    constexpr double Point3::*kCoordinates[3] = {&Point3::x, &Point3::y, &Point3::z};
+    double Point3::*u = kCoordinates[(axis + 1) % 3];
+    double Point3::*v = kCoordinates[(axis + 2) % 3];
     if (plane % 2 == 1)
         std::swap(u, v);
 
@@ -55,19 +56,16 @@ bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t
     const Point3 origin = points[ids[0]];
     double extent = 0.0;
     double offPlane = 0.0;
+    bool usable = true;
     for (size_t i = 0; i < ids.size(); ++i) {
         const Point3 p = points[ids[i]];
-        if (!isFinite(p))
-            return false;
-        const double c[3] = {p.x, p.y, p.z};
-        if (!exactlyUsable(c[u]) || !exactlyUsable(c[v]))
-            return false;
-        out.points[i] = {c[u], c[v]};
+        usable = usable && isFinite(p) && exactlyUsable(p.*u) && exactlyUsable(p.*v);
+        out.points[i] = {p.*u, p.*v};
         const Vector3 d = p - origin;
         extent = std::max({extent, std::abs(d.x), std::abs(d.y), std::abs(d.z)});
         offPlane = std::max(offPlane, std::abs(dot(d, normal)));
     }
-    return offPlane <= kPlaneTolerance * extent;
+    return usable && offPlane <= kPlaneTolerance * extent;
 }
 
 double twiceSignedArea(std::span<const Point2> loop) {

@@ -29,47 +29,74 @@ uint64_t bitsOf(double value) {
 
 } // namespace
 
-bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, ShapeKey& key) {
-    key.loopSizes.clear();
+uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
     uint64_t hash = 0;
-    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l) {
-        key.loopSizes.push_back(static_cast<int32_t>(faces.loop(face, l).size()));
-        hash = mix(hash, static_cast<uint64_t>(key.loopSizes.back()));
-    }
+    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l)
+        hash = mix(hash, faces.loop(face, l).size());
+    // A sample of the offsets spreads the keys well enough; candidates are compared in full.
     const auto ids = faces.faceVertices(face);
     const Point3 origin = points[ids[0]];
-    key.offsets.resize(ids.size());
-    for (size_t i = 0; i < ids.size(); ++i) {
-        const Point3 p = points[ids[i]];
-        Vector3& d = key.offsets[i];
-        if (!exactDifference(p.x, origin.x, d.x) || !exactDifference(p.y, origin.y, d.y) ||
-            !exactDifference(p.z, origin.z, d.z))
-            return false;
-    }
-    // A sample of the offsets spreads the keys well enough; equal keys are compared in full.
     const size_t step = std::max<size_t>(1, ids.size() / kHashedPoints);
-    for (size_t i = 0; i < ids.size(); i += step) {
-        const Vector3 d = key.offsets[i];
+    for (size_t i = step; i < ids.size(); i += step) {
+        const Vector3 d = points[ids[i]] - origin;
         hash = mix(mix(mix(hash, bitsOf(d.x)), bitsOf(d.y)), bitsOf(d.z));
     }
-    key.hash = hash;
+    return hash;
+}
+
+bool offsetsExact(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
+    const auto ids = faces.faceVertices(face);
+    const Point3 origin = points[ids[0]];
+    for (size_t i = 1; i < ids.size(); ++i) {
+        const Point3 p = points[ids[i]];
+        double d = 0.0;
+        if (!exactDifference(p.x, origin.x, d) || !exactDifference(p.y, origin.y, d) ||
+            !exactDifference(p.z, origin.z, d))
+            return false;
+    }
     return true;
 }
 
-bool ShapeMemo::matches(const Entry& entry, const ShapeKey& key) const {
-    return entry.hash == key.hash && entry.loopCount == static_cast<int32_t>(key.loopSizes.size()) &&
-           entry.offsetCount == static_cast<int32_t>(key.offsets.size()) &&
-           std::equal(key.loopSizes.begin(), key.loopSizes.end(), loopSizes_.begin() + entry.loopBegin) &&
-           std::equal(key.offsets.begin(), key.offsets.end(), offsets_.begin() + entry.offsetBegin);
+bool sameOffsets(const FaceLoops& faces, std::span<const Point3> points, int32_t a, int32_t b) {
+    const int32_t loops = faces.faceLoopCount(a);
+    if (faces.faceLoopCount(b) != loops)
+        return false;
+    for (int32_t l = 0; l < loops; ++l) {
+        if (faces.loop(a, l).size() != faces.loop(b, l).size())
+            return false;
+    }
+    const auto idsA = faces.faceVertices(a);
+    const auto idsB = faces.faceVertices(b);
+    const Point3 originA = points[idsA[0]];
+    const Point3 originB = points[idsB[0]];
+    auto same = [](double a, double originA, double b, double originB) {
+        double d = 0.0;
+        return exactDifference(b, originB, d) && d == a - originA;
+    };
+    for (size_t i = 1; i < idsA.size(); ++i) {
+        const Point3 p = points[idsA[i]];
+        const Point3 q = points[idsB[i]];
+        if (!same(p.x, originA.x, q.x, originB.x) || !same(p.y, originA.y, q.y, originB.y) ||
+            !same(p.z, originA.z, q.z, originB.z))
+            return false;
+    }
+    return true;
 }
 
-std::span<const Triangle> ShapeMemo::find(const ShapeKey& key) const {
+bool ShapeMemo::exact(Entry& entry, const FaceLoops& faces, std::span<const Point3> points) {
+    if (entry.exact == Entry::Exact::Unknown)
+        entry.exact = offsetsExact(faces, points, entry.face) ? Entry::Exact::Yes : Entry::Exact::No;
+    return entry.exact == Entry::Exact::Yes;
+}
+
+std::span<const Triangle> ShapeMemo::find(const FaceLoops& faces, std::span<const Point3> points,
+                                          int32_t face, uint64_t hash) {
     if (slots_.empty())
         return {};
     const size_t mask = slots_.size() - 1;
-    for (size_t s = key.hash & mask; slots_[s] != 0; s = (s + 1) & mask) {
-        const Entry& entry = entries_[static_cast<size_t>(slots_[s]) - 1];
-        if (matches(entry, key))
+    for (size_t s = hash & mask; slots_[s] != 0; s = (s + 1) & mask) {
+        Entry& entry = entries_[static_cast<size_t>(slots_[s]) - 1];
+        if (entry.hash == hash && exact(entry, faces, points) && sameOffsets(faces, points, entry.face, face))
             return std::span<const Triangle>(patterns_).subspan(entry.patternBegin, entry.patternCount);
     }
     return {};
@@ -86,13 +113,9 @@ void ShapeMemo::grow() {
     }
 }
 
-void ShapeMemo::store(const ShapeKey& key, std::span<const Triangle> pattern) {
-    entries_.push_back({key.hash, static_cast<int32_t>(loopSizes_.size()),
-                        static_cast<int32_t>(key.loopSizes.size()), static_cast<int32_t>(offsets_.size()),
-                        static_cast<int32_t>(key.offsets.size()), static_cast<int32_t>(patterns_.size()),
-                        static_cast<int32_t>(pattern.size())});
-    loopSizes_.insert(loopSizes_.end(), key.loopSizes.begin(), key.loopSizes.end());
-    offsets_.insert(offsets_.end(), key.offsets.begin(), key.offsets.end());
+void ShapeMemo::store(int32_t face, uint64_t hash, std::span<const Triangle> pattern) {
+    entries_.push_back(
+        {hash, face, static_cast<int32_t>(patterns_.size()), static_cast<int32_t>(pattern.size())});
     patterns_.insert(patterns_.end(), pattern.begin(), pattern.end());
     // At most half full, so that probes stay short.
     if (2 * entries_.size() > slots_.size()) {
@@ -100,7 +123,7 @@ void ShapeMemo::store(const ShapeKey& key, std::span<const Triangle> pattern) {
         return;
     }
     const size_t mask = slots_.size() - 1;
-    size_t s = key.hash & mask;
+    size_t s = hash & mask;
     while (slots_[s] != 0)
         s = (s + 1) & mask;
     slots_[s] = static_cast<int32_t>(entries_.size());

@@ -10,48 +10,50 @@
 
 namespace oz::mesh {
 
-// A face's shape up to translation: its loop sizes and every point relative to the first one. Only
-// faces whose offsets are exact differences are keyed, so that two faces with equal keys are exact
-// translates of each other and the same cut fits both: every turn of every triangle is the same.
-struct ShapeKey {
-    std::vector<int32_t> loopSizes;
-    std::vector<Vector3> offsets;
-    uint64_t hash = 0;
+// A hash of a face's shape up to translation: its loop sizes and a sample of its points relative
+// to the first one. Equal shapes hash alike; equal hashes only name candidates.
+uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
 
-    friend bool operator==(const ShapeKey&, const ShapeKey&) = default;
-};
+// Whether every point of `face` lies at an offset from its first point that is an exact
+// difference of their coordinates.
+bool offsetsExact(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
 
-// Fills `key` for `face`. Returns false when an offset cannot be represented exactly; such a face
-// is not memoised.
-bool makeShapeKey(const FaceLoops& faces, std::span<const Point3> points, int32_t face, ShapeKey& key);
+// Whether face `b` has the loop sizes of face `a` and, point for point, the same offsets from its
+// first point, each an exact difference in `b`. When `a`'s offsets are exact too, `b` is an exact
+// translate of `a`: every turn of every triangle is the same in both, and one cut fits both.
+bool sameOffsets(const FaceLoops& faces, std::span<const Point3> points, int32_t a, int32_t b);
 
-// Triangle patterns (point indices within the face) of the shapes cut so far. Repeated letters
-// of a text are translated copies of one outline: each is cut once. Keys and patterns live in a
-// few flat arrays, so that a pass over thousands of distinct faces stores each without allocating.
+// Triangle patterns (point indices within the face) of the faces cut so far in one pass over a
+// mesh. Repeated letters of a text are translated copies of one outline: each is cut once. An
+// entry names the face it was cut from instead of copying its shape, so that a pass over
+// thousands of distinct faces pays little more than a hash for each. Patterns live in one flat
+// array.
 class ShapeMemo {
 public:
-    // The pattern stored for exactly this shape, or empty. The hash only finds candidates; the
-    // whole key is compared, so a different shape never gets a pattern that does not fit it.
-    std::span<const Triangle> find(const ShapeKey& key) const;
-    void store(const ShapeKey& key, std::span<const Triangle> pattern);
+    // The pattern stored for a face of exactly this shape, or empty. The hash only finds
+    // candidates; their shapes are compared in full, so a different shape never gets a pattern
+    // that does not fit it.
+    std::span<const Triangle> find(const FaceLoops& faces, std::span<const Point3> points, int32_t face,
+                                   uint64_t hash);
+    void store(int32_t face, uint64_t hash, std::span<const Triangle> pattern);
+    void reserve(size_t patternTriangles) { patterns_.reserve(patternTriangles); }
 
 private:
     struct Entry {
         uint64_t hash;
-        int32_t loopBegin;
-        int32_t loopCount;
-        int32_t offsetBegin;
-        int32_t offsetCount;
+        int32_t face;
         int32_t patternBegin;
         int32_t patternCount;
+        // Whether the face's offsets are exact: worked out when a candidate first meets the entry,
+        // so that faces no other face resembles never pay for it.
+        enum class Exact : int8_t { Unknown, Yes, No } exact = Exact::Unknown;
     };
 
-    bool matches(const Entry& entry, const ShapeKey& key) const;
+    bool exact(Entry& entry, const FaceLoops& faces, std::span<const Point3> points);
+
     void grow();
 
     std::vector<Entry> entries_;
-    std::vector<int32_t> loopSizes_;
-    std::vector<Vector3> offsets_;
     std::vector<Triangle> patterns_;
     // Open addressing over entries_: a slot holds an entry's index plus one, or 0 when free.
     std::vector<int32_t> slots_;

@@ -1,7 +1,9 @@
 #include "CutChecks.h"
 #include "MeshTestShapes.h"
+#include "mesh/EarClipping.h"
 #include "mesh/FaceTriangulation.h"
 #include "mesh/GluTessellator.h"
+#include "mesh/LoopChecks.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -166,7 +168,8 @@ TEST(ShapeMemo, TranslatedCopiesReuseTheCut) {
         return loop;
     };
     for (int copy = 0; copy < 4; ++copy)
-        addFace(mesh, {moved(letterE(), 8.0 * copy, 0), moved(reversed(square(0.25, 2, 0.5)), 8.0 * copy, 0)});
+        addFace(mesh,
+                {moved(letterE(), 8.0 * copy, 0), moved(reversed(square(0.25, 2, 0.5)), 8.0 * copy, 0)});
     expectExactCuts(mesh);
     const TriangulationCounts counts = countsOf(mesh);
     EXPECT_EQ(counts.planar + counts.memo, 4);
@@ -195,6 +198,63 @@ TEST(ShapeMemo, CopyDifferingInOneBitIsCutAfresh) {
     const TriangulationCounts counts = countsOf(mesh);
     EXPECT_EQ(counts.memo, 0);
     EXPECT_EQ(counts.planar, 3);
+}
+
+// Faces far from the origin whose dented corner differs by half a unit or lies on the straight
+// side: each offset from the first point rounds to the same double, but only the straight one's is
+// exact, so all three are different shapes and must not share a cut, whichever comes first.
+TEST(ShapeMemo, OffsetsThatRoundAlikeAreNotCopies) {
+    const double far = std::ldexp(1.0, 54);
+    auto dented = [far](double dent) {
+        return std::vector<Point3>{{far, 0, 0}, {far, far, 0}, {0, far, 0}, {dent, far / 2, 0}, {0, 0, 0}};
+    };
+    ASSERT_EQ(dented(1.0)[3].x - far, dented(0.5)[3].x - far);
+    ASSERT_EQ(dented(1.0)[3].x - far, dented(0.0)[3].x - far);
+    Mesh mesh;
+    addFace(mesh, {dented(1.0)});
+    addFace(mesh, {dented(0.5)});
+    addFace(mesh, {dented(0.0)});
+    expectExactCuts(mesh);
+    const TriangulationCounts counts = countsOf(mesh);
+    EXPECT_EQ(counts.memo, 0);
+    EXPECT_EQ(counts.planar, 3);
+}
+
+// One clipper keeps its buffers from face to face: a small face cut after a large one (which
+// used the grid) and a large one after that must each come out whole.
+TEST(EarClipper, ReusedClipperCutsEachFaceAfresh) {
+    auto planar = [](std::initializer_list<std::vector<Point3>> loops) {
+        PlanarFace face;
+        for (const auto& loop : loops) {
+            face.loopStart.push_back(static_cast<int32_t>(face.points.size()));
+            for (const Point3& p : loop)
+                face.points.push_back({p.x, p.y});
+        }
+        face.loopStart.push_back(static_cast<int32_t>(face.points.size()));
+        return face;
+    };
+    const PlanarFace large =
+        planar({circle(0, 0, 10, 90), circle(-4, 0, 2, 30, true), circle(4, 0, 2, 30, true)});
+    const PlanarFace small = planar({square(0, 0, 4), reversed(square(1, 1, 1))});
+    EarClipper clipper;
+    for (const PlanarFace* face : {&large, &small, &large, &small}) {
+        ASSERT_TRUE(loopsWellFormed(*face));
+        std::vector<Triangle> triangles;
+        ASSERT_TRUE(clipper.triangulate(*face, triangles));
+        const int32_t holes = face->loopCount() - 1;
+        EXPECT_EQ(static_cast<int32_t>(triangles.size()),
+                  static_cast<int32_t>(face->points.size()) + 2 * holes - 2);
+        double area = 0.0;
+        for (const auto& [a, b, c] : triangles) {
+            const int turn = orientation(face->points[a], face->points[b], face->points[c]);
+            EXPECT_EQ(turn, 1);
+            area += twiceSignedArea(std::vector<Point2>{face->points[a], face->points[b], face->points[c]});
+        }
+        double expected = twiceSignedArea(face->loop(0));
+        for (int32_t l = 1; l < face->loopCount(); ++l)
+            expected -= std::abs(twiceSignedArea(face->loop(l)));
+        EXPECT_NEAR(area, expected, 1e-9 * expected);
+    }
 }
 
 // Random star-shaped outlines with random holes, many points on lines and near one another: the
