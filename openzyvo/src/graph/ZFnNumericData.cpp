@@ -1,5 +1,5 @@
+#include "core/StatusOut.h"
 #include "graph/NumericData.h"
-#include "graph/StatusOut.h"
 
 #include <OpenZyvo/ZFnNumericData.h>
 
