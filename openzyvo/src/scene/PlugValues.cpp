@@ -1,7 +1,7 @@
 #include "scene/PlugValues.h"
 
 #include "data/Data.h"
-#include "graph/NumericData.h"
+#include "data/NumericData.h"
 #include "graph/PlugRef.h"
 #include "scene/AttributeTypeNames.h"
 #include "scene/CommandMessages.h"

@@ -1,5 +1,5 @@
+#include "data/MatrixData.h"
 #include "data/ValueDataAccess.h"
-#include "nodes/MatrixData.h"
 
 #include <OpenZyvo/ZFnMatrixData.h>
 

@@ -1,5 +1,5 @@
 #include "core/StatusOut.h"
-#include "graph/NumericData.h"
+#include "data/NumericData.h"
 
 #include <OpenZyvo/ZFnNumericData.h>
 
