@@ -1,4 +1,4 @@
-#include "nodes/ExportMeshConversion.h"
+#include "export/ExportMeshConversion.h"
 
 #include <OpenZyvo/ZColorArray.h>
 #include <OpenZyvo/ZFloatArray.h>

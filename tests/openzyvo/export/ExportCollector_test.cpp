@@ -1,7 +1,7 @@
 #include "NodesScene.h"
+#include "export/ExportCollector.h"
+#include "export/ExportMeshConversion.h"
 #include "export/GlbWriter.h"
-#include "nodes/ExportCollector.h"
-#include "nodes/ExportMeshConversion.h"
 
 #include <OpenZyvo/ZColorArray.h>
 #include <OpenZyvo/ZFloatArray.h>

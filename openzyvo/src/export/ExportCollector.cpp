@@ -1,8 +1,8 @@
-#include "nodes/ExportCollector.h"
+#include "export/ExportCollector.h"
 
+#include "export/ExportMeshConversion.h"
 #include "graph/Graph.h"
 #include "nodes/DagHierarchy.h"
-#include "nodes/ExportMeshConversion.h"
 #include "nodes/MeshShapeNode.h"
 #include "nodes/ShadingAssignment.h"
 #include "nodes/ShadingEngineNode.h"
