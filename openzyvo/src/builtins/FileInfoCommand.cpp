@@ -1,7 +1,7 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "scene/CommandMessages.h"
 #include "scene/FileState.h"
-#include "scene/ResultValue.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>

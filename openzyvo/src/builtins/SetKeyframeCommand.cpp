@@ -1,8 +1,8 @@
 #include "anim/Keyframe.h"
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 #include "scene/UnitConversion.h"
 

@@ -1,9 +1,9 @@
+#include "builtins/NamedNodes.h"
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/Node.h"
 #include "nodes/DagHierarchy.h"
 #include "scene/CommandMessages.h"
-#include "scene/NamedNodes.h"
-#include "scene/ResultValue.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZArgList.h>

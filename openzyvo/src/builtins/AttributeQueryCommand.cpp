@@ -1,9 +1,9 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/Node.h"
 #include "graph/NodeTypeRegistry.h"
 #include "scene/AttributeTypeNames.h"
 #include "scene/CommandMessages.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 #include "scene/UnitConversion.h"
 

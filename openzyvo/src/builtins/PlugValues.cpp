@@ -1,4 +1,4 @@
-#include "scene/PlugValues.h"
+#include "builtins/PlugValues.h"
 
 #include "data/Data.h"
 #include "data/NumericData.h"

@@ -1,7 +1,7 @@
+#include "builtins/ResultValue.h"
 #include "commands/ArgListData.h"
 #include "commands/BuiltinCommand.h"
 #include "scene/CommandMessages.h"
-#include "scene/ResultValue.h"
 
 #include <OpenZyvoAnim/ZAnimControl.h>
 #include <optional>

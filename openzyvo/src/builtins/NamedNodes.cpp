@@ -1,4 +1,4 @@
-#include "scene/NamedNodes.h"
+#include "builtins/NamedNodes.h"
 
 #include "scene/CommandMessages.h"
 #include "scene/SceneLookup.h"

@@ -1,10 +1,10 @@
+#include "builtins/NamedNodes.h"
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/PlugRef.h"
 #include "nodes/DagHierarchy.h"
 #include "nodes/TransformNode.h"
 #include "scene/CommandMessages.h"
-#include "scene/NamedNodes.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>

@@ -1,9 +1,9 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/Graph.h"
 #include "nodes/DagHierarchy.h"
 #include "scene/DefaultNodes.h"
 #include "scene/NamePattern.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>

@@ -1,10 +1,10 @@
+#include "builtins/ArrayData.h"
+#include "builtins/NamedNodes.h"
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/PlugRef.h"
-#include "scene/ArrayData.h"
 #include "scene/CommandMessages.h"
 #include "scene/NamePattern.h"
-#include "scene/NamedNodes.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>

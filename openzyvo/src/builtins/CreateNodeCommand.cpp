@@ -1,3 +1,4 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/Graph.h"
 #include "graph/Names.h"
@@ -8,7 +9,6 @@
 #include "scene/CommandMessages.h"
 #include "scene/DefaultNodes.h"
 #include "scene/ReadContext.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>

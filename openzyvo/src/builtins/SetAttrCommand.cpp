@@ -1,9 +1,9 @@
+#include "builtins/PlugValues.h"
 #include "commands/ArgListData.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/Graph.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
-#include "scene/PlugValues.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZDGModifier.h>

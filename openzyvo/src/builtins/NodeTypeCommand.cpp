@@ -1,8 +1,8 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "graph/Node.h"
 #include "graph/NodeTypeRegistry.h"
 #include "scene/CommandMessages.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>

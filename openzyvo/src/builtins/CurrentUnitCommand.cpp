@@ -1,6 +1,6 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "scene/CommandMessages.h"
-#include "scene/ResultValue.h"
 #include "scene/UnitNames.h"
 
 #include <OpenZyvo/ZArgDatabase.h>

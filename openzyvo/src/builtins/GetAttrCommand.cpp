@@ -1,11 +1,11 @@
+#include "builtins/ArrayData.h"
+#include "builtins/PlugValues.h"
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "data/Data.h"
 #include "graph/PlugRef.h"
-#include "scene/ArrayData.h"
 #include "scene/AttributeTypeNames.h"
 #include "scene/CommandMessages.h"
-#include "scene/PlugValues.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>

@@ -1,11 +1,11 @@
-#include "scene/MeshShells.h"
+#include "mesh/MeshShells.h"
 
 #include "mesh/Mesh.h"
 
 #include <numeric>
 #include <vector>
 
-namespace oz::scene {
+namespace oz::mesh {
 
 namespace {
 
@@ -19,7 +19,7 @@ int32_t findRoot(std::vector<int32_t>& parent, int32_t v) {
 
 } // namespace
 
-int countShells(const mesh::Mesh& mesh) {
+int countShells(const Mesh& mesh) {
     std::vector<int32_t> parent(static_cast<std::size_t>(mesh.vertexCount()));
     std::iota(parent.begin(), parent.end(), 0);
     std::vector<bool> used(parent.size(), false);
@@ -38,4 +38,4 @@ int countShells(const mesh::Mesh& mesh) {
     return shells;
 }
 
-} // namespace oz::scene
+} // namespace oz::mesh

@@ -1,5 +1,5 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>

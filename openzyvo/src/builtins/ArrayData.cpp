@@ -1,4 +1,4 @@
-#include "scene/ArrayData.h"
+#include "builtins/ArrayData.h"
 
 #include "data/ValueData.h"
 #include "graph/Attribute.h"

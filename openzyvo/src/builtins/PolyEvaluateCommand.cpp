@@ -1,10 +1,10 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "data/MeshData.h"
 #include "graph/PlugRef.h"
+#include "mesh/MeshShells.h"
 #include "nodes/DagHierarchy.h"
 #include "scene/CommandMessages.h"
-#include "scene/MeshShells.h"
-#include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
@@ -82,7 +82,7 @@ public:
         if (database.isFlagSet("-triangle"))
             counts.push_back(static_cast<int>(mesh.triangulation()->triangles.size()));
         if (database.isFlagSet("-shell"))
-            counts.push_back(countShells(mesh));
+            counts.push_back(mesh::countShells(mesh));
         if (counts.empty()) {
             reportError(kName, "ask for -vertex, -edge, -face, -triangle or -shell");
             return ZStatus::kInvalidParameter;

@@ -1,6 +1,6 @@
+#include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
 #include "scene/CommandMessages.h"
-#include "scene/ResultValue.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvoAnim/ZAnimControl.h>
