@@ -1,11 +1,11 @@
 #include "MeshExport.h"
 
+#include "export/ExportCollector.h"
 #include "export/GlbWriter.h"
 #include "export/ObjWriter.h"
 #include "export/PreviewRenderer.h"
 #include "export/StlWriter.h"
 #include "graph/Graph.h"
-#include "nodes/ExportCollector.h"
 
 #include <OpenZyvo/ZGlobal.h>
 #include <algorithm>

@@ -3,6 +3,8 @@
 #include <OpenZyvo/ZObject.h>
 #include <memory>
 
+class ZPxNode;
+
 namespace oz {
 
 // Base of everything a ZObject can refer to. Each kind answers its API type
@@ -12,6 +14,9 @@ public:
     virtual ~Object() = default;
     virtual ZFn::Type apiType() const = 0;
     virtual bool hasFn(ZFn::Type type) const { return type == ZFn::kBase || type == apiType(); }
+    // The object of the node's class behind a live node; null for every other referent. Lets the
+    // data function sets reach a shape's own class (a mesh target) without knowing the graph.
+    virtual ZPxNode* userNode() const { return nullptr; }
 };
 
 // The runtime's only way into a ZObject's referent.

@@ -5,9 +5,9 @@
 #include "data/MeshData.h"
 #include "data/MeshTarget.h"
 #include "data/ValueDataAccess.h"
-#include "graph/Node.h"
 
 #include <OpenZyvo/ZObject.h>
+#include <OpenZyvo/ZPxNode.h>
 #include <OpenZyvo/ZStatus.h>
 
 namespace oz {
@@ -15,10 +15,12 @@ namespace oz {
 // The mesh target an object refers to (mesh data or a mesh shape node), or null.
 // A shape is a graph node whose user class implements the target.
 inline MeshTarget* meshTargetOf(const ZObject& object) {
-    if (auto* target = dynamic_cast<MeshTarget*>(ObjectAccess::get(object).get()))
+    const auto& referent = ObjectAccess::get(object);
+    if (!referent)
+        return nullptr;
+    if (auto* target = dynamic_cast<MeshTarget*>(referent.get()))
         return target;
-    const Node* node = nodeOf(object);
-    return node ? dynamic_cast<MeshTarget*>(node->user.get()) : nullptr;
+    return dynamic_cast<MeshTarget*>(referent->userNode());
 }
 
 // The mesh to read through `target`, or null (with a failed status) when there is none.

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/StatusOut.h"
 #include "graph/Attribute.h"
-#include "graph/StatusOut.h"
 
 #include <OpenZyvo/ZFnBase.h>
 

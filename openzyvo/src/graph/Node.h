@@ -38,6 +38,7 @@ public:
 
     ZFn::Type apiType() const override { return type->apiType; }
     bool hasFn(ZFn::Type fn) const override { return state != State::Finalised && type->hasFn(fn); }
+    ZPxNode* userNode() const override { return hasFn(ZFn::kDependencyNode) ? user.get() : nullptr; }
 
     bool usable() const { return state == State::Live || state == State::Detached; }
 

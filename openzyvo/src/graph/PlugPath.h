@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/SmallVector.h"
+#include "core/SmallVector.h"
 
 #include <OpenZyvo/ZString.h>
 

@@ -1,7 +1,7 @@
 #include "graph/ValueIO.h"
 
+#include "data/NumericData.h"
 #include "data/ValueData.h"
-#include "graph/NumericData.h"
 
 #include <algorithm>
 #include <cmath>

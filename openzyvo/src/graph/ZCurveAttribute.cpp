@@ -1,5 +1,5 @@
+#include "core/StatusOut.h"
 #include "graph/Graph.h"
-#include "graph/StatusOut.h"
 
 #include <OpenZyvo/ZCurveAttribute.h>
 #include <OpenZyvo/ZDoubleArray.h>

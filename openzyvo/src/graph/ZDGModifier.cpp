@@ -1,8 +1,8 @@
+#include "core/StatusOut.h"
 #include "graph/Graph.h"
 #include "graph/Names.h"
 #include "graph/NodeTypeRegistry.h"
 #include "graph/Report.h"
-#include "graph/StatusOut.h"
 #include "graph/ValueIO.h"
 
 #include <OpenZyvo/ZDGModifier.h>

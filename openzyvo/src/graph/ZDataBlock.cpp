@@ -1,7 +1,7 @@
+#include "core/StatusOut.h"
 #include "graph/BlockAccess.h"
 #include "graph/Graph.h"
 #include "graph/HandleAccess.h"
-#include "graph/StatusOut.h"
 
 #include <OpenZyvo/ZDataBlock.h>
 #include <OpenZyvo/ZPlug.h>

@@ -1,6 +1,6 @@
+#include "core/StatusOut.h"
 #include "graph/BlockAccess.h"
 #include "graph/PlugRef.h"
-#include "graph/StatusOut.h"
 
 #include <OpenZyvo/ZEvaluationNode.h>
 #include <OpenZyvo/ZPlug.h>

@@ -1,7 +1,7 @@
+#include "core/StatusOut.h"
 #include "graph/Graph.h"
 #include "graph/NodeTypeRegistry.h"
 #include "graph/PlugParse.h"
-#include "graph/StatusOut.h"
 
 #include <OpenZyvo/ZFnDependencyNode.h>
 #include <OpenZyvo/ZObjectArray.h>

@@ -1,7 +1,7 @@
+#include "core/StatusOut.h"
 #include "graph/Callbacks.h"
 #include "graph/Node.h"
 #include "graph/SceneMessages.h"
-#include "graph/StatusOut.h"
 
 #include <OpenZyvo/ZCallbackIdArray.h>
 #include <OpenZyvo/ZMessage.h>

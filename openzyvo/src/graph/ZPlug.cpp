@@ -1,5 +1,5 @@
+#include "core/StatusOut.h"
 #include "graph/Graph.h"
-#include "graph/StatusOut.h"
 #include "graph/ValueIO.h"
 
 #include <OpenZyvo/ZIntArray.h>

@@ -1,9 +1,9 @@
 #include "nodes/DagHierarchy.h"
 
+#include "data/MatrixData.h"
 #include "graph/Graph.h"
 #include "graph/PlugRef.h"
 #include "nodes/DagNode.h"
-#include "nodes/MatrixData.h"
 #include "nodes/TransformNode.h"
 
 #include <OpenZyvo/ZPlug.h>

@@ -1,11 +1,11 @@
 #include "nodes/MeshShapeNode.h"
 
+#include "data/MatrixData.h"
 #include "data/MeshConversion.h"
 #include "data/MeshShapeCreator.h"
 #include "graph/Graph.h"
 #include "graph/PlugRef.h"
 #include "nodes/DagHierarchy.h"
-#include "nodes/MatrixData.h"
 
 #include <OpenZyvo/ZArrayDataBuilder.h>
 #include <OpenZyvo/ZDataBlock.h>

@@ -1,5 +1,5 @@
+#include "core/StatusOut.h"
 #include "graph/Node.h"
-#include "graph/StatusOut.h"
 #include "nodes/DagHierarchy.h"
 
 #include <OpenZyvo/ZDagPath.h>

@@ -1,6 +1,6 @@
+#include "core/StatusOut.h"
 #include "graph/Graph.h"
 #include "graph/NodeTypeRegistry.h"
-#include "graph/StatusOut.h"
 #include "nodes/DagHierarchy.h"
 #include "nodes/TransformNode.h"
 

@@ -1,8 +1,8 @@
 #include "scene/DataText.h"
 
+#include "data/MatrixData.h"
 #include "data/MeshData.h"
 #include "data/ValueData.h"
-#include "nodes/MatrixData.h"
 #include "scene/MeshText.h"
 #include "scene/SceneText.h"
 #include "scene/ValueList.h"

@@ -1,0 +1,41 @@
+#include "builtins/ResultValue.h"
+#include "commands/BuiltinCommand.h"
+#include "scene/SceneLookup.h"
+
+#include <OpenZyvo/ZArgDatabase.h>
+#include <OpenZyvo/ZStringArray.h>
+
+namespace oz::scene {
+namespace {
+
+// objExists <name>: whether a node or a plug ("node.attr[1]") of that name exists.
+class ObjExistsCommand : public ZPxCommand {
+public:
+    static ZSyntax newSyntax() {
+        ZSyntax syntax;
+        syntax.setObjectType(ZSyntax::kStringObjects, 1, 1);
+        return syntax;
+    }
+
+    ZStatus doIt(const ZArgList& args) override {
+        ZStatus status;
+        const ZArgDatabase database(syntax(), args, &status);
+        if (!status)
+            return status;
+        ZStringArray objects;
+        database.getObjects(objects);
+        const std::string_view name = objects[0].view();
+        ZPlug plug;
+        std::string error;
+        const bool exists = name.find('.') == std::string_view::npos ? findNode(name) != nullptr
+                                                                     : findPlug(name, plug, error);
+        setResultValue(exists);
+        return ZStatus::kSuccess;
+    }
+};
+
+const cmd::BuiltinCommand registration(
+    "objExists", [] { return std::make_unique<ObjExistsCommand>(); }, ObjExistsCommand::newSyntax);
+
+} // namespace
+} // namespace oz::scene

@@ -1,0 +1,25 @@
+#include "data/MatrixData.h"
+#include "data/ValueDataAccess.h"
+
+#include <OpenZyvo/ZFnMatrixData.h>
+
+using oz::nodes::MatrixData;
+
+ZFnMatrixData::ZFnMatrixData(const ZObject& object, ZStatus* status) {
+    oz::setStatus(status, setObject(object));
+}
+
+ZObject ZFnMatrixData::create(const ZMatrix& matrix, ZStatus* status) {
+    m_object = oz::createValueData<MatrixData>(matrix, status);
+    return m_object;
+}
+
+ZMatrix ZFnMatrixData::matrix(ZStatus* status) const {
+    const auto* data = oz::ObjectAccess::as<MatrixData>(m_object);
+    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    return data ? data->value : ZMatrix();
+}
+
+ZStatus ZFnMatrixData::set(const ZMatrix& matrix) {
+    return oz::setValueOf<MatrixData>(m_object, matrix);
+}
