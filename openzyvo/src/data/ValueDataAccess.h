@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Object.h"
+#include "core/StatusOut.h"
 
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
@@ -9,11 +10,6 @@
 namespace oz {
 
 // The common body of the function sets over ValueData kinds.
-
-inline void setStatus(ZStatus* status, ZStatus value) {
-    if (status)
-        *status = value;
-}
 
 template <class D> ZObject createValueData(typename D::ValueType initial, ZStatus* status) {
     setStatus(status, ZStatus::kSuccess);

@@ -1,3 +1,5 @@
+#include "core/StatusOut.h"
+
 #include <OpenZyvo/ZAngle.h>
 #include <atomic>
 #include <numbers>
@@ -26,8 +28,7 @@ double scale(ZAngle::Unit unit) {
 
 double ZAngle::as(Unit unit, ZStatus* status) const {
     const double from = scale(m_unit), to = scale(unit);
-    if (status)
-        *status = from == 0.0 || to == 0.0 ? ZStatus::kInvalidParameter : ZStatus::kSuccess;
+    oz::setStatus(status, from == 0.0 || to == 0.0 ? ZStatus::kInvalidParameter : ZStatus::kSuccess);
     if (from == 0.0 || to == 0.0)
         return 0.0;
     return unit == m_unit ? m_value : m_value * from / to;

@@ -1,3 +1,4 @@
+#include "core/StatusOut.h"
 #include "graph/Graph.h"
 #include "nodes/DagHierarchy.h"
 #include "nodes/SelectionItems.h"
@@ -133,8 +134,7 @@ ZStatus ZSelectionList::add(const ZPlug& plug) {
 
 unsigned int ZSelectionList::length(ZStatus* status) const {
     m_items->prune();
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     return static_cast<unsigned int>(m_items->items.size());
 }
 
@@ -144,8 +144,7 @@ bool ZSelectionList::isEmpty(ZStatus* status) const {
 
 bool ZSelectionList::hasItem(const ZObject& node, ZStatus* status) const {
     m_items->prune();
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     const SelectionItem wanted{node, ZPlug()};
     return std::find(m_items->items.begin(), m_items->items.end(), wanted) != m_items->items.end();
 }
