@@ -1,8 +1,8 @@
 #include "commands/BuiltinCommand.h"
+#include "core/Wildcard.h"
 #include "graph/PlugRef.h"
 #include "scene/ArrayData.h"
 #include "scene/CommandMessages.h"
-#include "scene/NamePattern.h"
 #include "scene/NamedNodes.h"
 #include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
@@ -33,7 +33,7 @@ struct Filter {
             (userDefined && !a.dynamic) || (visible && a.flags.hidden))
             return false;
         return patterns.empty() || std::any_of(patterns.begin(), patterns.end(), [&](const std::string& p) {
-                   return matchesPattern(p, a.longName.view()) || matchesPattern(p, a.shortName.view());
+                   return matchesWildcard(p, a.longName.view()) || matchesWildcard(p, a.shortName.view());
                });
     }
 };

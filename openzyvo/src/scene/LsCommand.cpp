@@ -1,8 +1,8 @@
 #include "commands/BuiltinCommand.h"
+#include "core/Wildcard.h"
 #include "graph/Graph.h"
 #include "nodes/DagHierarchy.h"
 #include "scene/DefaultNodes.h"
-#include "scene/NamePattern.h"
 #include "scene/ResultValue.h"
 #include "scene/SceneLookup.h"
 
@@ -67,8 +67,8 @@ public:
         for (unsigned int i = 0; i < objects.length(); ++i) {
             const std::string_view pattern = objects[i].view();
             for (Node* node : candidates)
-                if (matchesPattern(pattern, pattern.front() == '|' ? nodes::fullPathName(*node).view()
-                                                                   : node->name.view()))
+                if (matchesWildcard(pattern, pattern.front() == '|' ? nodes::fullPathName(*node).view()
+                                                                    : node->name.view()))
                     keep(node);
         }
         const bool full = database.isFlagSet("-long");
