@@ -29,6 +29,27 @@ typename D::ValueType& valueOf(const ZObject& object, typename D::ValueType& fal
     return fallback;
 }
 
+// A copy of the value held by `object`, or an empty value when the object is not of kind D.
+template <class D> typename D::ValueType copyOf(const ZObject& object, ZStatus* status) {
+    const D* data = ObjectAccess::as<D>(object);
+    setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    return data ? data->value : typename D::ValueType();
+}
+
+template <class D> ZStatus copyValueTo(const ZObject& object, typename D::ValueType& out) {
+    const D* data = ObjectAccess::as<D>(object);
+    if (!data)
+        return ZStatus::kInvalidParameter;
+    out = data->value;
+    return ZStatus::kSuccess;
+}
+
+template <class D> unsigned int lengthOf(const ZObject& object, ZStatus* status) {
+    const D* data = ObjectAccess::as<D>(object);
+    setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    return data ? data->value.length() : 0;
+}
+
 template <class D> ZStatus setValueOf(const ZObject& object, const typename D::ValueType& value) {
     D* data = ObjectAccess::as<D>(object);
     if (!data)
