@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "core/Wildcard.h"
 #include "graph/PlugRef.h"
 #include "scene/ArrayData.h"
@@ -107,7 +108,7 @@ private:
 // those whose name matches a pattern; -multi adds each element that an
 // array attribute holds now ("instObjGroups[0]"); -shortNames gives short
 // names.
-class ListAttrCommand : public ZPxCommand {
+class ListAttrCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -125,11 +126,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         Filter filter;
         filter.keyable = database.isFlagSet("-keyable");
         filter.readOnly = database.isFlagSet("-readOnly");
@@ -144,8 +141,6 @@ public:
         }
         Lister lister(filter, database.isFlagSet("-shortNames"), database.isFlagSet("-multi"));
 
-        ZStringArray objects;
-        database.getObjects(objects);
         if (objects.length() == 0) {
             std::vector<Node*> selected;
             if (!namedOrSelectedNodes(kName, objects, selected))
