@@ -5,6 +5,7 @@
 #include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZPlugArray.h>
+#include <utility>
 
 using oz::Graph;
 using oz::Path;
@@ -61,9 +62,12 @@ ZStatus setNumber(const ZPlug& plug, double value) {
                                       });
 }
 
-template <typename T> ZStatus fetch(T& out, T value, ZStatus status) {
+// getValue is the matching asX that leaves the caller's variable alone when the read fails.
+template <typename T> ZStatus fetch(const ZPlug& plug, T (ZPlug::*read)(ZStatus*) const, T& out) {
+    ZStatus status;
+    T value = (plug.*read)(&status);
     if (status)
-        out = value;
+        out = std::move(value);
     return status;
 }
 
@@ -429,54 +433,34 @@ ZAngle ZPlug::asAngle(ZStatus* status) const {
 }
 
 ZStatus ZPlug::getValue(bool& value) const {
-    ZStatus status;
-    const bool v = asBool(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asBool, value);
 }
 ZStatus ZPlug::getValue(short& value) const {
-    ZStatus status;
-    const short v = asShort(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asShort, value);
 }
 ZStatus ZPlug::getValue(int& value) const {
-    ZStatus status;
-    const int v = asInt(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asInt, value);
 }
 ZStatus ZPlug::getValue(float& value) const {
-    ZStatus status;
-    const float v = asFloat(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asFloat, value);
 }
 ZStatus ZPlug::getValue(double& value) const {
-    ZStatus status;
-    const double v = asDouble(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asDouble, value);
 }
 ZStatus ZPlug::getValue(ZString& value) const {
-    ZStatus status;
-    ZString v = asString(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asString, value);
 }
 ZStatus ZPlug::getValue(ZObject& value) const {
-    ZStatus status;
-    ZObject v = asZObject(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asZObject, value);
 }
 ZStatus ZPlug::getValue(ZTime& value) const {
-    ZStatus status;
-    const ZTime v = asTime(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asTime, value);
 }
 ZStatus ZPlug::getValue(ZDistance& value) const {
-    ZStatus status;
-    const ZDistance v = asDistance(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asDistance, value);
 }
 ZStatus ZPlug::getValue(ZAngle& value) const {
-    ZStatus status;
-    const ZAngle v = asAngle(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asAngle, value);
 }
 
 ZStatus ZPlug::setValue(bool value) {
