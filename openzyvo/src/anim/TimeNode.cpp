@@ -1,6 +1,7 @@
 #include "anim/TimeNode.h"
 
 #include "anim/UiTime.h"
+#include "core/StatusOut.h"
 #include "graph/Graph.h"
 #include "graph/NodeTypeRegistry.h"
 #include "graph/PlugRef.h"
@@ -53,8 +54,7 @@ ZObject TimeNode::sceneNode(ZStatus* status) {
     } else {
         node = ZFnDependencyNode().create(kTypeName, kSceneNodeName, &result);
     }
-    if (status)
-        *status = result;
+    oz::setStatus(status, result);
     return result ? node : ZObject();
 }
 

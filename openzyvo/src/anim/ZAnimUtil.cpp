@@ -1,5 +1,6 @@
 #include "anim/AnimCurveNode.h"
 #include "anim/CurveAttributes.h"
+#include "core/StatusOut.h"
 
 #include <OpenZyvo/ZFnDependencyNode.h>
 #include <OpenZyvo/ZObjectArray.h>
@@ -45,14 +46,12 @@ bool ZAnimUtil::isAnimated(const ZPlug& plug, ZStatus* status) {
 
 bool ZAnimUtil::findAnimation(const ZPlug& plug, ZObjectArray& curves, ZStatus* status) {
     if (plug.isNull()) {
-        if (status)
-            *status = ZStatus::kInvalidParameter;
+        oz::setStatus(status, ZStatus::kInvalidParameter);
         return false;
     }
     bool found = false;
     collect(plug, curves, found);
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     return found;
 }
 
@@ -69,7 +68,6 @@ bool ZAnimUtil::findAnimatedPlugs(const ZObject& node, ZPlugArray& plugs, ZStatu
             found = true;
         }
     }
-    if (status)
-        *status = result;
+    oz::setStatus(status, result);
     return found;
 }

@@ -2,6 +2,7 @@
 #include "anim/CurveAttributes.h"
 #include "anim/CurveValue.h"
 #include "anim/UiTime.h"
+#include "core/StatusOut.h"
 
 #include <OpenZyvo/ZAngle.h>
 #include <OpenZyvo/ZDGModifier.h>
@@ -23,11 +24,6 @@ using oz::anim::Key;
 namespace {
 
 constexpr std::size_t kToEnd = std::numeric_limits<std::size_t>::max();
-
-void report(ZStatus* status, ZStatus value) {
-    if (status)
-        *status = value;
-}
 
 bool validTangent(ZFnAnimCurve::TangentType type) {
     return type >= ZFnAnimCurve::kTangentFixed && type <= ZFnAnimCurve::kTangentAuto;
@@ -79,7 +75,7 @@ template <typename Change> ZStatus editKeys(const ZObject& object, Change change
 } // namespace
 
 ZFnAnimCurve::ZFnAnimCurve(const ZObject& node, ZStatus* status) {
-    report(status, setObject(node));
+    oz::setStatus(status, setObject(node));
 }
 
 ZFnAnimCurve::ZFnAnimCurve(const ZPlug& plug, ZStatus* status) {
@@ -89,7 +85,7 @@ ZFnAnimCurve::ZFnAnimCurve(const ZPlug& plug, ZStatus* status) {
         result = ZStatus::kNotFound;
     if (result)
         result = setObject(source.node());
-    report(status, result);
+    oz::setStatus(status, result);
 }
 
 ZFnAnimCurve::AnimCurveType ZFnAnimCurve::curveTypeFor(const ZPlug& plug, ZStatus* status) {
@@ -118,13 +114,13 @@ ZFnAnimCurve::AnimCurveType ZFnAnimCurve::curveTypeFor(const ZPlug& plug, ZStatu
             type = kAnimCurveTU;
         }
     }
-    report(status, result);
+    oz::setStatus(status, result);
     return type;
 }
 
 ZObject ZFnAnimCurve::create(AnimCurveType type, ZDGModifier* modifier, ZStatus* status) {
     if (type < kAnimCurveTA || type >= kAnimCurveUnknown) {
-        report(status, ZStatus::kInvalidParameter);
+        oz::setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     const char* typeName = oz::anim::info(static_cast<CurveKind>(type)).typeName;
@@ -133,7 +129,7 @@ ZObject ZFnAnimCurve::create(AnimCurveType type, ZDGModifier* modifier, ZStatus*
         modifier ? modifier->createNode(typeName, &result) : ZFnDependencyNode().create(typeName, &result);
     if (result)
         result = setObject(node);
-    report(status, result);
+    oz::setStatus(status, result);
     return result ? node : ZObject();
 }
 
@@ -143,7 +139,7 @@ ZObject ZFnAnimCurve::create(const ZPlug& plug, ZDGModifier* modifier, ZStatus* 
     if (result && (type == kAnimCurveUnknown || !plug.isWritable() || plug.isDestination()))
         result = ZStatus::kInvalidParameter;
     if (!result) {
-        report(status, result);
+        oz::setStatus(status, result);
         return ZObject();
     }
     ZDGModifier local;
@@ -154,19 +150,19 @@ ZObject ZFnAnimCurve::create(const ZPlug& plug, ZDGModifier* modifier, ZStatus* 
             ZPlug(node, oz::anim::CurveAttributes::of(static_cast<CurveKind>(type)).output), plug);
     if (result && !modifier)
         result = local.doIt();
-    report(status, result);
+    oz::setStatus(status, result);
     return result ? node : ZObject();
 }
 
 ZFnAnimCurve::AnimCurveType ZFnAnimCurve::animCurveType(ZStatus* status) const {
     const AnimCurveNode* node = AnimCurveNode::from(m_object);
-    report(status, node ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, node ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return node ? static_cast<AnimCurveType>(node->kind()) : kAnimCurveUnknown;
 }
 
 unsigned int ZFnAnimCurve::numKeys(ZStatus* status) const {
     Reader reader(m_object);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return reader.status ? static_cast<unsigned int>(reader.curve->size()) : 0u;
 }
 
@@ -245,21 +241,21 @@ bool ZFnAnimCurve::find(const ZTime& time, unsigned int& index, ZStatus* status)
     const bool found = reader.status && validTime(time) && reader.curve->find(oz::anim::toSeconds(time), at);
     if (found)
         index = static_cast<unsigned int>(at);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return found;
 }
 
 ZTime ZFnAnimCurve::time(unsigned int index, ZStatus* status) const {
     Reader reader(m_object);
     const bool ok = reader.has(index);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return ok ? oz::anim::uiTime(reader.curve->key(index).time) : ZTime();
 }
 
 double ZFnAnimCurve::value(unsigned int index, ZStatus* status) const {
     Reader reader(m_object);
     const bool ok = reader.has(index);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return ok ? oz::anim::fromCurveValue(reader.node->kind(), reader.curve->key(index).value) : 0.0;
 }
 
@@ -299,14 +295,14 @@ ZStatus ZFnAnimCurve::setTime(unsigned int index, const ZTime& time, unsigned in
 ZFnAnimCurve::TangentType ZFnAnimCurve::inTangentType(unsigned int index, ZStatus* status) const {
     Reader reader(m_object);
     const bool ok = reader.has(index);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return ok ? static_cast<TangentType>(reader.curve->key(index).in.type) : kTangentAuto;
 }
 
 ZFnAnimCurve::TangentType ZFnAnimCurve::outTangentType(unsigned int index, ZStatus* status) const {
     Reader reader(m_object);
     const bool ok = reader.has(index);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return ok ? static_cast<TangentType>(reader.curve->key(index).out.type) : kTangentAuto;
 }
 
@@ -354,7 +350,7 @@ ZStatus ZFnAnimCurve::setTangent(unsigned int index, const ZAngle& angle, double
 
 bool ZFnAnimCurve::isWeighted(ZStatus* status) const {
     Reader reader(m_object);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return reader.status && reader.curve->isWeighted();
 }
 
@@ -367,13 +363,13 @@ ZStatus ZFnAnimCurve::setIsWeighted(bool weighted) {
 
 ZFnAnimCurve::InfinityType ZFnAnimCurve::preInfinity(ZStatus* status) const {
     Reader reader(m_object);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return reader.status ? static_cast<InfinityType>(reader.curve->preInfinity()) : kConstant;
 }
 
 ZFnAnimCurve::InfinityType ZFnAnimCurve::postInfinity(ZStatus* status) const {
     Reader reader(m_object);
-    report(status, reader.status);
+    oz::setStatus(status, reader.status);
     return reader.status ? static_cast<InfinityType>(reader.curve->postInfinity()) : kConstant;
 }
 

@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/Names.h"
 #include "graph/PlugRef.h"
@@ -23,7 +24,7 @@ constexpr const char* kName = "addAttr";
 // Adds a dynamic attribute to the nodes (the selection when none are
 // named). A compound ("compound" with -nc, or a tuple such as "double3")
 // joins the node once all its children have been declared with -p.
-class AddAttrCommand : public ZPxCommand {
+class AddAttrCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -47,14 +48,11 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
         const AttributeDeclaration declaration = declarationOf(database);
         std::vector<Node*> nodes;
-        if (!targets(database, nodes) || !valid(declaration))
+        if (!targets(objects, nodes) || !valid(declaration))
             return ZStatus::kInvalidParameter;
         for (Node* node : nodes) {
             if (!addTo(*node, declaration)) {
@@ -123,9 +121,7 @@ private:
         return declaration;
     }
 
-    static bool targets(const ZArgDatabase& database, std::vector<Node*>& nodes) {
-        ZStringArray objects;
-        database.getObjects(objects);
+    static bool targets(const ZStringArray& objects, std::vector<Node*>& nodes) {
         std::vector<std::string> names;
         for (unsigned int i = 0; i < objects.length(); ++i)
             names.push_back(objects[i].asStdString());

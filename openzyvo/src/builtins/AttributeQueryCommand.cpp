@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Node.h"
 #include "graph/NodeTypeRegistry.h"
 #include "scene/AttributeTypeNames.h"
@@ -247,7 +248,7 @@ std::string missing(const char* longFlag) {
 // -multi, -usedAsColor, -enum), -listEnum, the family (-listChildren,
 // -listParent, -listSiblings, -numberOfChildren), the names (-shortName,
 // -longName, -niceName) or -affects. Numbers are in the user's units.
-class AttributeQueryCommand : public ZPxCommand {
+class AttributeQueryCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -261,13 +262,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         // Only the attribute's own name counts: "translate.translateX[2]" is translateX.
         std::string name = objects[0].asStdString();
         name = name.substr(name.rfind('.') + 1);

@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
@@ -20,7 +21,7 @@ std::string plugText(const Connection& connection) {
 // connectAttr [-f] <source> <destination>: a destination that has another
 // source already is refused, unless -force breaks that connection first.
 // Undo breaks the new connection and restores the old.
-class ConnectAttrCommand : public ZPxCommand {
+class ConnectAttrCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -29,13 +30,8 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
         ZPlug source, destination;
         std::string error;
         if (!findPlug(objects[0].view(), source, error) || !findPlug(objects[1].view(), destination, error)) {

@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/Names.h"
 #include "graph/NodeTypeRegistry.h"
@@ -23,7 +24,7 @@ constexpr const char* kName = "createNode";
 // createNode <type> [-n name] [-p parent] [-ss]: makes a node and returns
 // its name. A shape made without a parent gets a new transform above it,
 // as shapes live under transforms. Undo deletes the node again.
-class CreateNodeCommand : public ZPxCommand {
+class CreateNodeCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -34,11 +35,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZString typeName, name, parentName;
         database.getCommandArgument(0, typeName);
         database.getFlagArgument("-name", 0, name);

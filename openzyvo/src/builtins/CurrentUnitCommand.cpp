@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "scene/CommandMessages.h"
 #include "scene/UnitNames.h"
 
@@ -14,7 +15,7 @@ constexpr const char* kName = "currentUnit";
 // scene files give lengths, angles and times in; currentUnit -q -l (or -a,
 // -t) returns one. Scene files start with it, so a scene reads back in the
 // units it was written in.
-class CurrentUnitCommand : public ZPxCommand {
+class CurrentUnitCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -25,11 +26,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         if (database.isQuery()) {
             if (database.isFlagSet("-linear"))
                 setResultValue(std::string(linearUnitName(ZDistance::uiUnit())));

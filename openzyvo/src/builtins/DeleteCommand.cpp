@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "scene/CommandMessages.h"
 #include "scene/DefaultNodes.h"
@@ -24,7 +25,7 @@ bool hasAncestorIn(const Node& node, const std::vector<Node*>& nodes) {
 // delete [names or patterns...]: deletes the nodes (the selection when none
 // are named) with their DAG children and connections. Undo brings them
 // back with their connections.
-class DeleteCommand : public ZPxCommand {
+class DeleteCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -32,13 +33,8 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
         std::vector<Node*> doomed;
         if (objects.length() == 0) {
             doomed = selectedNodes();

@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
@@ -15,7 +16,7 @@ constexpr const char* kName = "disconnectAttr";
 
 // disconnectAttr <source> <destination>: breaks the connection; undo makes
 // it again.
-class DisconnectAttrCommand : public ZPxCommand {
+class DisconnectAttrCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -23,13 +24,8 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
         ZPlug source, destination;
         std::string error;
         if (!findPlug(objects[0].view(), source, error) || !findPlug(objects[1].view(), destination, error)) {

@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "scene/CommandMessages.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
@@ -19,7 +20,7 @@ constexpr const char* kAsciiType = "zyvoAscii";
 // file -q -sceneName / -modified
 // Opening or starting afresh refuses to drop unsaved changes unless forced.
 // Returns the scene's file name.
-class FileCommand : public ZPxCommand {
+class FileCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -36,15 +37,10 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
         if (database.isQuery())
             return query(database);
-        ZStringArray objects;
-        database.getObjects(objects);
         const bool force = database.isFlagSet("-force");
         if (database.isFlagSet("-type")) {
             const ZString type = database.flagArgumentString("-type", 0);

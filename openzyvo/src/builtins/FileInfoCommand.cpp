@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "scene/CommandMessages.h"
 #include "scene/FileState.h"
 
@@ -12,7 +13,7 @@ namespace {
 // fileInfo <key> <value> keeps a note that the scene file stores;
 // fileInfo -q <key> returns it (empty when there is none). Scene files
 // state their version with the key "version".
-class FileInfoCommand : public ZPxCommand {
+class FileInfoCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -21,13 +22,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         FileState& state = FileState::instance();
         if (database.isQuery()) {
             setResultValue(state.findFileInfo(objects[0].asStdString()).value_or(std::string()));

@@ -2,6 +2,7 @@
 #include "builtins/PlugValues.h"
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "data/Data.h"
 #include "graph/PlugRef.h"
 #include "scene/AttributeTypeNames.h"
@@ -41,7 +42,7 @@ std::optional<int> sizeOf(const ZPlug& plug, std::string& error) {
 // (evaluated, at time t when given), its type name with -type, or with
 // -size the number of elements of a multi attribute or of items of array
 // data (1 for other plugs).
-class GetAttrCommand : public ZPxCommand {
+class GetAttrCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -52,13 +53,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZPlug plug;
         std::string error;
         if (!findPlug(objects[0].view(), plug, error)) {

@@ -2,9 +2,10 @@
 #include "builtins/NamedNodes.h"
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
+#include "core/Wildcard.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
-#include "scene/NamePattern.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
@@ -33,7 +34,7 @@ struct Filter {
             (userDefined && !a.dynamic) || (visible && a.flags.hidden))
             return false;
         return patterns.empty() || std::any_of(patterns.begin(), patterns.end(), [&](const std::string& p) {
-                   return matchesPattern(p, a.longName.view()) || matchesPattern(p, a.shortName.view());
+                   return matchesWildcard(p, a.longName.view()) || matchesWildcard(p, a.shortName.view());
                });
     }
 };
@@ -107,7 +108,7 @@ private:
 // those whose name matches a pattern; -multi adds each element that an
 // array attribute holds now ("instObjGroups[0]"); -shortNames gives short
 // names.
-class ListAttrCommand : public ZPxCommand {
+class ListAttrCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -125,11 +126,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         Filter filter;
         filter.keyable = database.isFlagSet("-keyable");
         filter.readOnly = database.isFlagSet("-readOnly");
@@ -144,8 +141,6 @@ public:
         }
         Lister lister(filter, database.isFlagSet("-shortNames"), database.isFlagSet("-multi"));
 
-        ZStringArray objects;
-        database.getObjects(objects);
         if (objects.length() == 0) {
             std::vector<Node*> selected;
             if (!namedOrSelectedNodes(kName, objects, selected))

@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
@@ -24,7 +25,7 @@ std::string plugText(const Node& node, const Path& path) {
 // -source and -destination (both on by default) choose the direction;
 // -connections puts each of our plugs before what it connects to; -type
 // keeps the other ends of one node type.
-class ListConnectionsCommand : public ZPxCommand {
+class ListConnectionsCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -37,11 +38,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         auto flag = [&](const char* name, bool otherwise) {
             return database.isFlagSet(name) ? database.flagArgumentBool(name, 0) : otherwise;
         };
@@ -52,8 +49,6 @@ public:
         if (database.isFlagSet("-type"))
             m_type = database.flagArgumentString("-type", 0).asStdString();
 
-        ZStringArray objects;
-        database.getObjects(objects);
         if (objects.length() == 0) {
             for (Node* node : selectedNodes())
                 list(*node, nullptr);

@@ -1,6 +1,7 @@
 #include "builtins/NamedNodes.h"
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Node.h"
 #include "nodes/DagHierarchy.h"
 #include "scene/CommandMessages.h"
@@ -32,7 +33,7 @@ void addDescendants(Node& node, std::vector<Node*>& out) {
 // (nearest first). -shapes keeps shapes, -type keeps nodes of a type or of
 // a type derived from it; -fullPath gives DAG paths. Each relative is listed
 // once; nodes outside the DAG have none.
-class ListRelativesCommand : public ZPxCommand {
+class ListRelativesCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -48,13 +49,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         std::vector<Node*> nodes;
         if (!namedOrSelectedNodes(kName, objects, nodes))
             return ZStatus::kNotFound;

@@ -1,9 +1,10 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
+#include "core/Wildcard.h"
 #include "graph/Graph.h"
 #include "nodes/DagHierarchy.h"
 #include "scene/DefaultNodes.h"
-#include "scene/NamePattern.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
@@ -18,7 +19,7 @@ namespace {
 // that match (every node without patterns, the selection with -sl), in
 // scene order; -type keeps nodes of the given types, -long gives DAG nodes
 // their full path. Patterns that match nothing add nothing.
-class LsCommand : public ZPxCommand {
+class LsCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -30,11 +31,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ensureDefaultNodes();
         std::vector<std::string> types;
         for (unsigned int use = 0; use < database.numberOfFlagUses("-type"); ++use) {
@@ -42,8 +39,6 @@ public:
             database.getFlagArgumentList("-type", use, typeArgs);
             types.push_back(typeArgs.asString(0).asStdString());
         }
-        ZStringArray objects;
-        database.getObjects(objects);
 
         std::vector<Node*> candidates;
         if (database.isFlagSet("-selection")) {
@@ -67,8 +62,8 @@ public:
         for (unsigned int i = 0; i < objects.length(); ++i) {
             const std::string_view pattern = objects[i].view();
             for (Node* node : candidates)
-                if (matchesPattern(pattern, pattern.front() == '|' ? nodes::fullPathName(*node).view()
-                                                                   : node->name.view()))
+                if (matchesWildcard(pattern, pattern.front() == '|' ? nodes::fullPathName(*node).view()
+                                                                    : node->name.view()))
                     keep(node);
         }
         const bool full = database.isFlagSet("-long");

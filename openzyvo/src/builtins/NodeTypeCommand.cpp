@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Node.h"
 #include "graph/NodeTypeRegistry.h"
 #include "scene/CommandMessages.h"
@@ -65,7 +66,7 @@ const char* apiTypeName(ZFn::Type type) {
 // with -inherited the types it derives from, the most basic first and its
 // own last; with -apiType the name of its API type. With -isTypeName the
 // argument is a type name instead of a node.
-class NodeTypeCommand : public ZPxCommand {
+class NodeTypeCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -76,13 +77,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         const std::string& name = objects[0].asStdString();
 
         std::shared_ptr<NodeType> type;

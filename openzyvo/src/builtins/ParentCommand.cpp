@@ -1,6 +1,7 @@
 #include "builtins/NamedNodes.h"
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/PlugRef.h"
 #include "nodes/DagHierarchy.h"
 #include "nodes/TransformNode.h"
@@ -97,7 +98,7 @@ std::weak_ptr<Node> weakly(Node* node) {
 // the new parent. Shapes move only with -shape, and only under a transform.
 // -addObject is refused: a node here has one parent. Returns the names of
 // the children; a node already under the parent stays, with a warning.
-class ParentCommand : public ZPxCommand {
+class ParentCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -110,11 +111,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         if (database.isFlagSet("-addObject")) {
             reportError(kName, "-addObject would give a node a second parent; a node here has one parent");
             return ZStatus::kInvalidParameter;
@@ -123,8 +120,6 @@ public:
             reportError(kName, "give -relative or -absolute, not both");
             return ZStatus::kInvalidParameter;
         }
-        ZStringArray objects;
-        database.getObjects(objects);
         std::vector<Node*> named;
         Node* parent = nullptr;
         if (!gather(objects, database.isFlagSet("-world"), named, parent))

@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "scene/CommandMessages.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
@@ -25,7 +26,7 @@ double frames(const ZTime& time) {
 // playbackOptions [-min t] [-max t] [-ast t] [-aet t] [-l once|continuous|oscillate]
 // sets the playback range, the animation range around it and how playback
 // loops (times in the user's unit); with -q it returns one of them.
-class PlaybackOptionsCommand : public ZPxCommand {
+class PlaybackOptionsCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -38,11 +39,8 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
         if (database.isQuery())
             return query(database);
         auto time = [&](const char* flag, const ZTime& otherwise) {

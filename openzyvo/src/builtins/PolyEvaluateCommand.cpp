@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "data/MeshData.h"
 #include "graph/PlugRef.h"
 #include "mesh/MeshShells.h"
@@ -33,7 +34,7 @@ std::shared_ptr<const MeshData> meshOf(Node& node) {
 // polyEvaluate [-v] [-e] [-f] [-t] [-s] <mesh or its transform>: counts of
 // vertices, edges, faces, triangles and shells (connected pieces) of the
 // mesh, one int for one flag, an int array (in that order) for several.
-class PolyEvaluateCommand : public ZPxCommand {
+class PolyEvaluateCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -46,13 +47,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         Node* node = nullptr;
         if (objects.length() == 1) {
             node = findNode(objects[0].view());

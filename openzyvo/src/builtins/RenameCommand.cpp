@@ -1,5 +1,6 @@
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/Names.h"
 #include "scene/CommandMessages.h"
@@ -17,7 +18,7 @@ constexpr const char* kName = "rename";
 
 // rename <node> <newName>: returns the name the node got, made unique with
 // a number when another node has it.
-class RenameCommand : public ZPxCommand {
+class RenameCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -25,13 +26,8 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
         Node* node = findNode(objects[0].view());
         if (!node) {
             reportError(kName, noObjectMatches(objects[0].asStdString()));

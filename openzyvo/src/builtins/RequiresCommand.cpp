@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "scene/CommandMessages.h"
 #include "scene/PluginQuery.h"
 
@@ -14,7 +15,7 @@ constexpr const char* kName = "requires";
 // loaded already. A plug-in that cannot be loaded is a warning, not an
 // error: the scene still loads, and each node of the plug-in's types is
 // reported as it comes.
-class RequiresCommand : public ZPxCommand {
+class RequiresCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -22,13 +23,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         const std::string name = objects[0].asStdString();
         const std::string version =
             objects.length() > 1 ? " (version " + objects[1].asStdString() + ")" : std::string();

@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "nodes/ActiveSelection.h"
 #include "scene/CommandMessages.h"
 
@@ -15,7 +16,7 @@ constexpr const char* kName = "select";
 // select [-r | -add | -d | -cl] [names, patterns or plugs...]: replaces the
 // active selection (the default), adds to it, takes items out of it, or
 // clears it. Undo restores the selection before.
-class SelectCommand : public ZPxCommand {
+class SelectCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -27,13 +28,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
-        ZStringArray objects;
-        database.getObjects(objects);
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZSelectionList named;
         for (unsigned int i = 0; i < objects.length(); ++i) {
             if (!named.add(objects[i])) {

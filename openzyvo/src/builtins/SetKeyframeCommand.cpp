@@ -1,6 +1,7 @@
 #include "anim/Keyframe.h"
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
 #include "scene/SceneLookup.h"
@@ -23,7 +24,7 @@ constexpr const char* kName = "setKeyframe";
 // at the time (the current time by default) with its value, or with -value
 // (in the user's units) instead. A plug no curve drives yet gets one.
 // Returns how many plugs were keyed; undo restores the curves as they were.
-class SetKeyframeCommand : public ZPxCommand {
+class SetKeyframeCommand : public cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -35,16 +36,12 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         m_time = database.isFlagSet("-time") ? ZTime(database.flagArgumentDouble("-time", 0), ZTime::uiUnit())
                                              : ZAnimControl::currentTime();
         if (database.isFlagSet("-value"))
             m_value = database.flagArgumentDouble("-value", 0);
-        if (!collectPlugs(database))
+        if (!collectPlugs(database, objects))
             return ZStatus::kInvalidParameter;
         if (m_plugs.empty()) {
             reportError(kName, "nothing to key: name plugs or nodes with keyable attributes");
@@ -58,15 +55,13 @@ public:
     bool isUndoable() const override { return true; }
 
 private:
-    bool collectPlugs(const ZArgDatabase& database) {
+    bool collectPlugs(const ZArgDatabase& database, const ZStringArray& objects) {
         std::vector<std::string> attributes;
         for (unsigned int use = 0; use < database.numberOfFlagUses("-attribute"); ++use) {
             ZArgList list;
             database.getFlagArgumentList("-attribute", use, list);
             attributes.push_back(list.asString(0).asStdString());
         }
-        ZStringArray objects;
-        database.getObjects(objects);
         std::vector<std::string> names;
         for (unsigned int i = 0; i < objects.length(); ++i)
             names.push_back(objects[i].asStdString());

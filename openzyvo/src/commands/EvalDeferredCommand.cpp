@@ -1,5 +1,6 @@
 #include "commands/BuiltinCommand.h"
 #include "commands/CallerLanguage.h"
+#include "commands/ParsedCommand.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZGlobal.h>
@@ -9,7 +10,7 @@ namespace {
 // evalDeferred [-python] "script": runs the script once the current top-level
 // command has finished, as Python with -python or when called from Python,
 // else in the command language.
-class EvalDeferredCommand : public ZPxCommand {
+class EvalDeferredCommand : public oz::cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -18,11 +19,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZString script;
         database.getCommandArgument(0, script);
         if (database.isFlagSet("-python") || oz::cmd::callerLanguage() == oz::cmd::Language::Python)

@@ -1,16 +1,13 @@
 #include "commands/ArgListData.h"
+#include "core/StatusOut.h"
 
 #include <OpenZyvo/ZArgList.h>
 
+using oz::setStatus;
 using oz::cmd::ArgItem;
 using oz::cmd::Value;
 
 namespace {
-
-void setStatus(ZStatus* status, ZStatus value) {
-    if (status)
-        *status = value;
-}
 
 const ArgItem* itemAt(const oz::cmd::ArgListData& data, unsigned int index, ZStatus* status) {
     if (index >= data.items.size()) {

@@ -1,17 +1,14 @@
 #include "commands/Executor.h"
 #include "commands/ParsedArguments.h"
+#include "core/StatusOut.h"
 
 #include <OpenZyvo/ZArgParser.h>
 
+using oz::setStatus;
 using oz::cmd::ParsedArguments;
 using oz::cmd::Value;
 
 namespace {
-
-void setStatus(ZStatus* status, ZStatus value) {
-    if (status)
-        *status = value;
-}
 
 const Value* flagArgument(const ParsedArguments* parsed, const char* flag, unsigned int index) {
     if (!parsed)

@@ -1,4 +1,5 @@
 #include "commands/CommandResultData.h"
+#include "core/StatusOut.h"
 
 #include <OpenZyvo/ZCommandResult.h>
 
@@ -38,8 +39,7 @@ ZCommandResult& ZCommandResult::operator=(const ZCommandResult& other) {
 ZCommandResult::~ZCommandResult() = default;
 
 ZCommandResult::Type ZCommandResult::resultType(ZStatus* status) const {
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     const Value& value = m_data->value;
     if (std::holds_alternative<bool>(value) || std::holds_alternative<int>(value))
         return kInt;

@@ -2,6 +2,7 @@
 #include "commands/IdleQueue.h"
 #include "commands/Interpreter.h"
 #include "commands/MessageLog.h"
+#include "core/StatusOut.h"
 
 #include <OpenZyvo/ZGlobal.h>
 
@@ -67,8 +68,7 @@ ZStatus ZGlobal::executeCommand(const ZString& command, ZDoubleArray& result, bo
 ZString ZGlobal::executeCommandStringResult(const ZString& command, bool displayEnabled, bool undoEnabled,
                                             ZStatus* status) {
     oz::cmd::ScriptOutcome outcome = run(command, displayEnabled, undoEnabled);
-    if (status)
-        *status = outcome.status;
+    oz::setStatus(status, outcome.status);
     return ZString(oz::cmd::toText(outcome.result));
 }
 

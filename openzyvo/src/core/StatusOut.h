@@ -4,8 +4,9 @@
 
 namespace oz {
 
-// Stores `value` through an optional status out-parameter.
-inline void setResult(ZStatus* status, ZStatus value) {
+// Stores `value` through an optional status out-parameter: API calls take a null pointer when the
+// caller does not want to know.
+inline void setStatus(ZStatus* status, ZStatus value) {
     if (status)
         *status = value;
 }

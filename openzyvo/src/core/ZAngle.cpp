@@ -1,3 +1,5 @@
+#include "core/UnitScale.h"
+
 #include <OpenZyvo/ZAngle.h>
 #include <atomic>
 #include <numbers>
@@ -22,22 +24,16 @@ double scale(ZAngle::Unit unit) {
     }
 }
 
+constexpr oz::UnitScale<ZAngle::Unit> units(scale);
+
 } // namespace
 
 double ZAngle::as(Unit unit, ZStatus* status) const {
-    const double from = scale(m_unit), to = scale(unit);
-    if (status)
-        *status = from == 0.0 || to == 0.0 ? ZStatus::kInvalidParameter : ZStatus::kSuccess;
-    if (from == 0.0 || to == 0.0)
-        return 0.0;
-    return unit == m_unit ? m_value : m_value * from / to;
+    return units.convert(m_value, m_unit, unit, status);
 }
 
 ZStatus ZAngle::setUnit(Unit unit) {
-    if (scale(unit) == 0.0)
-        return ZStatus::kInvalidParameter;
-    m_unit = unit;
-    return ZStatus::kSuccess;
+    return units.assign(m_unit, unit);
 }
 
 ZAngle::Unit ZAngle::uiUnit() {
@@ -45,8 +41,5 @@ ZAngle::Unit ZAngle::uiUnit() {
 }
 
 ZStatus ZAngle::setUIUnit(Unit unit) {
-    if (scale(unit) == 0.0)
-        return ZStatus::kInvalidParameter;
-    uiAngleUnit.store(unit);
-    return ZStatus::kSuccess;
+    return units.assign(uiAngleUnit, unit);
 }

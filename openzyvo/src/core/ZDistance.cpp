@@ -1,3 +1,5 @@
+#include "core/UnitScale.h"
+
 #include <OpenZyvo/ZDistance.h>
 #include <atomic>
 
@@ -29,22 +31,16 @@ double scale(ZDistance::Unit unit) {
     }
 }
 
+constexpr oz::UnitScale<ZDistance::Unit> units(scale);
+
 } // namespace
 
 double ZDistance::as(Unit unit, ZStatus* status) const {
-    const double from = scale(m_unit), to = scale(unit);
-    if (status)
-        *status = from == 0.0 || to == 0.0 ? ZStatus::kInvalidParameter : ZStatus::kSuccess;
-    if (from == 0.0 || to == 0.0)
-        return 0.0;
-    return unit == m_unit ? m_value : m_value * from / to;
+    return units.convert(m_value, m_unit, unit, status);
 }
 
 ZStatus ZDistance::setUnit(Unit unit) {
-    if (scale(unit) == 0.0)
-        return ZStatus::kInvalidParameter;
-    m_unit = unit;
-    return ZStatus::kSuccess;
+    return units.assign(m_unit, unit);
 }
 
 ZDistance::Unit ZDistance::uiUnit() {
@@ -52,8 +48,5 @@ ZDistance::Unit ZDistance::uiUnit() {
 }
 
 ZStatus ZDistance::setUIUnit(Unit unit) {
-    if (scale(unit) == 0.0)
-        return ZStatus::kInvalidParameter;
-    uiDistanceUnit.store(unit);
-    return ZStatus::kSuccess;
+    return units.assign(uiDistanceUnit, unit);
 }

@@ -1,3 +1,5 @@
+#include "core/StatusOut.h"
+
 #include <OpenZyvo/ZTransformationMatrix.h>
 #include <cmath>
 
@@ -79,8 +81,7 @@ ZTransformationMatrix& ZTransformationMatrix::rotateBy(const ZEulerRotation& rot
 ZTransformationMatrix& ZTransformationMatrix::rotateBy(const ZQuaternion& rotation, ZSpace::Space,
                                                        ZStatus* status) {
     m_rotation = (m_rotation * rotation).normal();
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     return *this;
 }
 

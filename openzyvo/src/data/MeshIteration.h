@@ -37,9 +37,39 @@ inline const mesh::Mesh* meshAt(MeshTarget* target, MeshElement element, int32_t
     return mesh;
 }
 
-// Moves an iterator's index to `index` when that names an element.
-inline ZStatus moveIndex(MeshTarget* target, MeshElement element, int32_t& current, int index,
-                         int& prevIndex) {
+// The cursor every mesh iterator keeps: an index over the elements of one kind of its target's
+// mesh, from 0 up to the count, where the iterator is done. The iterator owns the index; these
+// move and report it, so that each kind of iterator walks the same way.
+
+// An iterator made over an object that is no mesh fails every call.
+inline ZStatus cursorStatus(const MeshTarget* target) {
+    return target ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+}
+
+inline ZStatus resetCursor(const MeshTarget* target, int& index) {
+    index = 0;
+    return cursorStatus(target);
+}
+
+inline bool cursorDone(MeshTarget* target, MeshElement element, int index, ZStatus* status) {
+    return index >= elementCount(target, element, status);
+}
+
+// Stays on the count once there: next() after the end is harmless.
+inline ZStatus advanceCursor(MeshTarget* target, MeshElement element, int& index) {
+    ZStatus status;
+    if (index < elementCount(target, element, &status))
+        ++index;
+    return status;
+}
+
+inline int cursorIndex(const MeshTarget* target, int index, ZStatus* status) {
+    setStatus(status, cursorStatus(target));
+    return index;
+}
+
+// Moves the cursor to `index` when that names an element.
+inline ZStatus moveCursor(MeshTarget* target, MeshElement element, int& current, int index, int& prevIndex) {
     ZStatus status;
     if (!meshAt(target, element, index, &status))
         return status;

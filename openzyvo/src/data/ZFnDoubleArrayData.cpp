@@ -19,9 +19,7 @@ ZObject ZFnDoubleArrayData::create(const ZDoubleArray& values, ZStatus* status) 
 }
 
 unsigned int ZFnDoubleArrayData::length(ZStatus* status) const {
-    const auto* data = oz::ObjectAccess::as<DoubleArrayData>(m_object);
-    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return data ? data->value.length() : 0;
+    return oz::lengthOf<DoubleArrayData>(m_object, status);
 }
 
 ZDoubleArray& ZFnDoubleArrayData::array(ZStatus* status) {
@@ -29,11 +27,7 @@ ZDoubleArray& ZFnDoubleArrayData::array(ZStatus* status) {
 }
 
 ZStatus ZFnDoubleArrayData::copyTo(ZDoubleArray& values) const {
-    const auto* data = oz::ObjectAccess::as<DoubleArrayData>(m_object);
-    if (!data)
-        return ZStatus::kInvalidParameter;
-    values = data->value;
-    return ZStatus::kSuccess;
+    return oz::copyValueTo<DoubleArrayData>(m_object, values);
 }
 
 ZStatus ZFnDoubleArrayData::set(const ZDoubleArray& values) {

@@ -19,6 +19,23 @@ const Component* groupable(const GeometryData& data, const ZObject& object) {
     return component->elements().back() < data.elementCount(component->apiType()) ? component : nullptr;
 }
 
+// Object group `id` of the geometry data `object`, and the status a lookup of it answers with:
+// kInvalidParameter without geometry data, kNotFound without that group.
+struct GroupLookup {
+    GeometryData* data = nullptr;
+    ObjectGroup* group = nullptr;
+    ZStatus status;
+};
+
+GroupLookup lookUpGroup(const ZObject& object, unsigned int id) {
+    GroupLookup found;
+    found.data = oz::ObjectAccess::as<GeometryData>(object);
+    found.group = found.data ? found.data->findObjectGroup(id) : nullptr;
+    found.status =
+        found.group ? ZStatus::kSuccess : (found.data ? ZStatus::kNotFound : ZStatus::kInvalidParameter);
+    return found;
+}
+
 } // namespace
 
 ZFnGeometryData::ZFnGeometryData(const ZObject& object, ZStatus* status) {
@@ -65,31 +82,27 @@ ZStatus ZFnGeometryData::removeObjectGroup(unsigned int id) {
 }
 
 ZObject ZFnGeometryData::objectGroupComponent(unsigned int id, ZStatus* status) const {
-    auto* data = oz::ObjectAccess::as<GeometryData>(m_object);
-    const ObjectGroup* group = data ? data->findObjectGroup(id) : nullptr;
-    oz::setStatus(status,
-                  group ? ZStatus::kSuccess : (data ? ZStatus::kNotFound : ZStatus::kInvalidParameter));
+    const GroupLookup found = lookUpGroup(m_object, id);
+    const ObjectGroup* group = found.group;
+    oz::setStatus(status, found.status);
     if (!group || !group->component)
         return ZObject();
     return oz::ObjectAccess::wrap(std::make_shared<Component>(*group->component));
 }
 
 ZFn::Type ZFnGeometryData::objectGroupType(unsigned int id, ZStatus* status) const {
-    auto* data = oz::ObjectAccess::as<GeometryData>(m_object);
-    const ObjectGroup* group = data ? data->findObjectGroup(id) : nullptr;
-    oz::setStatus(status,
-                  group ? ZStatus::kSuccess : (data ? ZStatus::kNotFound : ZStatus::kInvalidParameter));
+    const GroupLookup found = lookUpGroup(m_object, id);
+    const ObjectGroup* group = found.group;
+    oz::setStatus(status, found.status);
     return group && group->component ? group->component->apiType() : ZFn::kInvalid;
 }
 
 ZStatus ZFnGeometryData::setObjectGroupComponent(unsigned int id, const ZObject& component) {
-    auto* data = oz::ObjectAccess::as<GeometryData>(m_object);
-    if (!data)
-        return ZStatus::kInvalidParameter;
-    ObjectGroup* group = data->findObjectGroup(id);
-    if (!group)
-        return ZStatus::kNotFound;
-    const Component* members = groupable(*data, component);
+    const GroupLookup found = lookUpGroup(m_object, id);
+    if (!found.group)
+        return found.status;
+    ObjectGroup* group = found.group;
+    const Component* members = groupable(*found.data, component);
     if (!members)
         return ZStatus::kInvalidParameter;
     group->component = std::make_shared<const Component>(*members);
@@ -97,13 +110,11 @@ ZStatus ZFnGeometryData::setObjectGroupComponent(unsigned int id, const ZObject&
 }
 
 ZStatus ZFnGeometryData::addObjectGroupComponent(unsigned int id, const ZObject& component) {
-    auto* data = oz::ObjectAccess::as<GeometryData>(m_object);
-    if (!data)
-        return ZStatus::kInvalidParameter;
-    ObjectGroup* group = data->findObjectGroup(id);
-    if (!group)
-        return ZStatus::kNotFound;
-    const Component* members = groupable(*data, component);
+    const GroupLookup found = lookUpGroup(m_object, id);
+    if (!found.group)
+        return found.status;
+    ObjectGroup* group = found.group;
+    const Component* members = groupable(*found.data, component);
     if (!members || (group->component && group->component->apiType() != members->apiType()))
         return ZStatus::kInvalidParameter;
     auto merged =
@@ -114,12 +125,10 @@ ZStatus ZFnGeometryData::addObjectGroupComponent(unsigned int id, const ZObject&
 }
 
 ZStatus ZFnGeometryData::removeObjectGroupComponent(unsigned int id, const ZObject& component) {
-    auto* data = oz::ObjectAccess::as<GeometryData>(m_object);
-    if (!data)
-        return ZStatus::kInvalidParameter;
-    ObjectGroup* group = data->findObjectGroup(id);
-    if (!group)
-        return ZStatus::kNotFound;
+    const GroupLookup found = lookUpGroup(m_object, id);
+    if (!found.group)
+        return found.status;
+    ObjectGroup* group = found.group;
     const auto* members = oz::ObjectAccess::as<Component>(component);
     if (!members || (group->component && group->component->apiType() != members->apiType()))
         return ZStatus::kInvalidParameter;

@@ -19,9 +19,7 @@ ZObject ZFnIntArrayData::create(const ZIntArray& values, ZStatus* status) {
 }
 
 unsigned int ZFnIntArrayData::length(ZStatus* status) const {
-    const auto* data = oz::ObjectAccess::as<IntArrayData>(m_object);
-    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return data ? data->value.length() : 0;
+    return oz::lengthOf<IntArrayData>(m_object, status);
 }
 
 ZIntArray& ZFnIntArrayData::array(ZStatus* status) {
@@ -29,11 +27,7 @@ ZIntArray& ZFnIntArrayData::array(ZStatus* status) {
 }
 
 ZStatus ZFnIntArrayData::copyTo(ZIntArray& values) const {
-    const auto* data = oz::ObjectAccess::as<IntArrayData>(m_object);
-    if (!data)
-        return ZStatus::kInvalidParameter;
-    values = data->value;
-    return ZStatus::kSuccess;
+    return oz::copyValueTo<IntArrayData>(m_object, values);
 }
 
 ZStatus ZFnIntArrayData::set(const ZIntArray& values) {

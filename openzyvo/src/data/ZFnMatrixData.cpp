@@ -15,9 +15,7 @@ ZObject ZFnMatrixData::create(const ZMatrix& matrix, ZStatus* status) {
 }
 
 ZMatrix ZFnMatrixData::matrix(ZStatus* status) const {
-    const auto* data = oz::ObjectAccess::as<MatrixData>(m_object);
-    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return data ? data->value : ZMatrix();
+    return oz::copyOf<MatrixData>(m_object, status);
 }
 
 ZStatus ZFnMatrixData::set(const ZMatrix& matrix) {

@@ -1,4 +1,5 @@
 #include "data/MeshAccess.h"
+#include "data/MeshIteration.h"
 #include "data/MeshShapeCreator.h"
 #include "data/SpaceTransform.h"
 
@@ -180,13 +181,11 @@ ZObject ZFnMesh::copy(const ZObject& source, const ZObject& parentOrOwner, ZStat
 }
 
 int ZFnMesh::numVertices(ZStatus* status) const {
-    const oz::mesh::Mesh* mesh = oz::readMesh(m_target, status);
-    return mesh ? mesh->vertexCount() : 0;
+    return oz::elementCount(m_target, oz::MeshElement::kVertex, status);
 }
 
 int ZFnMesh::numPolygons(ZStatus* status) const {
-    const oz::mesh::Mesh* mesh = oz::readMesh(m_target, status);
-    return mesh ? mesh->faceCount() : 0;
+    return oz::elementCount(m_target, oz::MeshElement::kFace, status);
 }
 
 int ZFnMesh::numFaceVertices(ZStatus* status) const {
@@ -195,8 +194,7 @@ int ZFnMesh::numFaceVertices(ZStatus* status) const {
 }
 
 int ZFnMesh::numEdges(ZStatus* status) const {
-    const oz::mesh::Mesh* mesh = oz::readMesh(m_target, status);
-    return mesh ? mesh->edgeCount() : 0;
+    return oz::elementCount(m_target, oz::MeshElement::kEdge, status);
 }
 
 int ZFnMesh::numNormals(ZStatus* status) const {

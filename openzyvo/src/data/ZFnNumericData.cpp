@@ -58,22 +58,22 @@ unsigned int ZFnNumericData::componentCount(Type kind) {
 }
 
 ZFnNumericData::ZFnNumericData(const ZObject& object, ZStatus* status) {
-    oz::setResult(status, setObject(object));
+    oz::setStatus(status, setObject(object));
 }
 
 ZObject ZFnNumericData::create(Type kind, ZStatus* status) {
     if (componentCount(kind) == 0) {
-        oz::setResult(status, ZStatus::kInvalidParameter);
+        oz::setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
-    oz::setResult(status, ZStatus::kSuccess);
+    oz::setStatus(status, ZStatus::kSuccess);
     m_object = ObjectAccess::wrap(std::make_shared<NumericData>(kind));
     return m_object;
 }
 
 ZFnNumericData::Type ZFnNumericData::numericType(ZStatus* status) const {
     const NumericData* data = dataOf(*this);
-    oz::setResult(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return data ? data->kind : kInvalid;
 }
 

@@ -19,9 +19,7 @@ ZObject ZFnPointArrayData::create(const ZPointArray& values, ZStatus* status) {
 }
 
 unsigned int ZFnPointArrayData::length(ZStatus* status) const {
-    const auto* data = oz::ObjectAccess::as<PointArrayData>(m_object);
-    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return data ? data->value.length() : 0;
+    return oz::lengthOf<PointArrayData>(m_object, status);
 }
 
 ZPointArray& ZFnPointArrayData::array(ZStatus* status) {
@@ -29,11 +27,7 @@ ZPointArray& ZFnPointArrayData::array(ZStatus* status) {
 }
 
 ZStatus ZFnPointArrayData::copyTo(ZPointArray& values) const {
-    const auto* data = oz::ObjectAccess::as<PointArrayData>(m_object);
-    if (!data)
-        return ZStatus::kInvalidParameter;
-    values = data->value;
-    return ZStatus::kSuccess;
+    return oz::copyValueTo<PointArrayData>(m_object, values);
 }
 
 ZStatus ZFnPointArrayData::set(const ZPointArray& values) {

@@ -19,9 +19,7 @@ ZObject ZFnStringArrayData::create(const ZStringArray& values, ZStatus* status) 
 }
 
 unsigned int ZFnStringArrayData::length(ZStatus* status) const {
-    const auto* data = oz::ObjectAccess::as<StringArrayData>(m_object);
-    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return data ? data->value.length() : 0;
+    return oz::lengthOf<StringArrayData>(m_object, status);
 }
 
 ZStringArray& ZFnStringArrayData::array(ZStatus* status) {
@@ -29,11 +27,7 @@ ZStringArray& ZFnStringArrayData::array(ZStatus* status) {
 }
 
 ZStatus ZFnStringArrayData::copyTo(ZStringArray& values) const {
-    const auto* data = oz::ObjectAccess::as<StringArrayData>(m_object);
-    if (!data)
-        return ZStatus::kInvalidParameter;
-    values = data->value;
-    return ZStatus::kSuccess;
+    return oz::copyValueTo<StringArrayData>(m_object, values);
 }
 
 ZStatus ZFnStringArrayData::set(const ZStringArray& values) {

@@ -15,9 +15,7 @@ ZObject ZFnStringData::create(const ZString& text, ZStatus* status) {
 }
 
 ZString ZFnStringData::string(ZStatus* status) const {
-    const auto* data = oz::ObjectAccess::as<StringData>(m_object);
-    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return data ? data->value : ZString();
+    return oz::copyOf<StringData>(m_object, status);
 }
 
 ZStatus ZFnStringData::set(const ZString& text) {

@@ -19,9 +19,7 @@ ZObject ZFnVectorArrayData::create(const ZVectorArray& values, ZStatus* status) 
 }
 
 unsigned int ZFnVectorArrayData::length(ZStatus* status) const {
-    const auto* data = oz::ObjectAccess::as<VectorArrayData>(m_object);
-    oz::setStatus(status, data ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return data ? data->value.length() : 0;
+    return oz::lengthOf<VectorArrayData>(m_object, status);
 }
 
 ZVectorArray& ZFnVectorArrayData::array(ZStatus* status) {
@@ -29,11 +27,7 @@ ZVectorArray& ZFnVectorArrayData::array(ZStatus* status) {
 }
 
 ZStatus ZFnVectorArrayData::copyTo(ZVectorArray& values) const {
-    const auto* data = oz::ObjectAccess::as<VectorArrayData>(m_object);
-    if (!data)
-        return ZStatus::kInvalidParameter;
-    values = data->value;
-    return ZStatus::kSuccess;
+    return oz::copyValueTo<VectorArrayData>(m_object, values);
 }
 
 ZStatus ZFnVectorArrayData::set(const ZVectorArray& values) {

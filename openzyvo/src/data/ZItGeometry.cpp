@@ -1,5 +1,6 @@
 #include "data/MeshIteration.h"
 #include "data/SpaceTransform.h"
+#include "data/VertexPosition.h"
 
 #include <OpenZyvo/ZItGeometry.h>
 #include <vector>
@@ -14,28 +15,23 @@ constexpr MeshElement kVertex = MeshElement::kVertex;
 ZItGeometry::ZItGeometry(const ZObject& geometry, ZStatus* status)
     : m_object(geometry)
     , m_target(oz::meshTargetOf(geometry)) {
-    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, oz::cursorStatus(m_target));
 }
 
 ZStatus ZItGeometry::reset() {
-    m_index = 0;
-    return m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    return oz::resetCursor(m_target, m_index);
 }
 
 bool ZItGeometry::isDone(ZStatus* status) const {
-    return m_index >= oz::elementCount(m_target, kVertex, status);
+    return oz::cursorDone(m_target, kVertex, m_index, status);
 }
 
 ZStatus ZItGeometry::next() {
-    ZStatus status;
-    if (m_index < oz::elementCount(m_target, kVertex, &status))
-        ++m_index;
-    return status;
+    return oz::advanceCursor(m_target, kVertex, m_index);
 }
 
 int ZItGeometry::index(ZStatus* status) const {
-    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return m_index;
+    return oz::cursorIndex(m_target, m_index, status);
 }
 
 int ZItGeometry::count(ZStatus* status) const {
@@ -43,22 +39,11 @@ int ZItGeometry::count(ZStatus* status) const {
 }
 
 ZPoint ZItGeometry::position(ZSpace::Space space, ZStatus* status) const {
-    const oz::mesh::Mesh* mesh = oz::meshAt(m_target, kVertex, m_index, status);
-    const auto transform = mesh ? oz::SpaceTransform::make(*m_target, space) : std::nullopt;
-    if (!transform) {
-        oz::setStatus(status, ZStatus::kInvalidParameter);
-        return ZPoint();
-    }
-    return transform->pointToSpace(mesh->points()[static_cast<size_t>(m_index)]);
+    return oz::vertexPosition(m_target, m_index, space, status);
 }
 
 ZStatus ZItGeometry::setPosition(const ZPoint& point, ZSpace::Space space) {
-    const auto transform = m_target ? oz::SpaceTransform::make(*m_target, space) : std::nullopt;
-    if (!transform)
-        return ZStatus::kInvalidParameter;
-    return oz::editMesh(m_target, MeshTarget::Edit::kPoints, [&](oz::MeshData& data) {
-        return oz::toStatus(data.mesh.setPoint(m_index, transform->pointFromSpace(point)));
-    });
+    return oz::setVertexPosition(m_target, m_index, point, space);
 }
 
 ZStatus ZItGeometry::allPositions(ZPointArray& positions, ZSpace::Space space) const {

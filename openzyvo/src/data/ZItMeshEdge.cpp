@@ -14,28 +14,23 @@ constexpr MeshElement kEdge = MeshElement::kEdge;
 ZItMeshEdge::ZItMeshEdge(const ZObject& polyObject, ZStatus* status)
     : m_object(polyObject)
     , m_target(oz::meshTargetOf(polyObject)) {
-    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, oz::cursorStatus(m_target));
 }
 
 ZStatus ZItMeshEdge::reset() {
-    m_index = 0;
-    return m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    return oz::resetCursor(m_target, m_index);
 }
 
 bool ZItMeshEdge::isDone(ZStatus* status) const {
-    return m_index >= oz::elementCount(m_target, kEdge, status);
+    return oz::cursorDone(m_target, kEdge, m_index, status);
 }
 
 ZStatus ZItMeshEdge::next() {
-    ZStatus status;
-    if (m_index < oz::elementCount(m_target, kEdge, &status))
-        ++m_index;
-    return status;
+    return oz::advanceCursor(m_target, kEdge, m_index);
 }
 
 int ZItMeshEdge::index(ZStatus* status) const {
-    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return m_index;
+    return oz::cursorIndex(m_target, m_index, status);
 }
 
 int ZItMeshEdge::index(int whichVertex, ZStatus* status) const {
@@ -52,7 +47,7 @@ int ZItMeshEdge::count(ZStatus* status) const {
 }
 
 ZStatus ZItMeshEdge::setIndex(int index, int& prevIndex) {
-    return oz::moveIndex(m_target, kEdge, m_index, index, prevIndex);
+    return oz::moveCursor(m_target, kEdge, m_index, index, prevIndex);
 }
 
 ZPoint ZItMeshEdge::point(int whichVertex, ZSpace::Space space, ZStatus* status) const {

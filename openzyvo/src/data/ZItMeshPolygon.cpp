@@ -13,28 +13,23 @@ constexpr MeshElement kFace = MeshElement::kFace;
 ZItMeshPolygon::ZItMeshPolygon(const ZObject& polyObject, ZStatus* status)
     : m_object(polyObject)
     , m_target(oz::meshTargetOf(polyObject)) {
-    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, oz::cursorStatus(m_target));
 }
 
 ZStatus ZItMeshPolygon::reset() {
-    m_index = 0;
-    return m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    return oz::resetCursor(m_target, m_index);
 }
 
 bool ZItMeshPolygon::isDone(ZStatus* status) const {
-    return m_index >= oz::elementCount(m_target, kFace, status);
+    return oz::cursorDone(m_target, kFace, m_index, status);
 }
 
 ZStatus ZItMeshPolygon::next() {
-    ZStatus status;
-    if (m_index < oz::elementCount(m_target, kFace, &status))
-        ++m_index;
-    return status;
+    return oz::advanceCursor(m_target, kFace, m_index);
 }
 
 int ZItMeshPolygon::index(ZStatus* status) const {
-    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return m_index;
+    return oz::cursorIndex(m_target, m_index, status);
 }
 
 int ZItMeshPolygon::count(ZStatus* status) const {
@@ -42,7 +37,7 @@ int ZItMeshPolygon::count(ZStatus* status) const {
 }
 
 ZStatus ZItMeshPolygon::setIndex(int index, int& prevIndex) {
-    return oz::moveIndex(m_target, kFace, m_index, index, prevIndex);
+    return oz::moveCursor(m_target, kFace, m_index, index, prevIndex);
 }
 
 int ZItMeshPolygon::polygonVertexCount(ZStatus* status) const {

@@ -1,11 +1,11 @@
 #include "data/MeshIteration.h"
 #include "data/SpaceTransform.h"
+#include "data/VertexPosition.h"
 
 #include <OpenZyvo/ZItMeshVertex.h>
 #include <algorithm>
 
 using oz::MeshElement;
-using oz::MeshTarget;
 
 namespace {
 constexpr MeshElement kVertex = MeshElement::kVertex;
@@ -19,28 +19,23 @@ ZStatus copyRow(std::span<const int32_t> row, ZIntArray& out) {
 ZItMeshVertex::ZItMeshVertex(const ZObject& polyObject, ZStatus* status)
     : m_object(polyObject)
     , m_target(oz::meshTargetOf(polyObject)) {
-    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, oz::cursorStatus(m_target));
 }
 
 ZStatus ZItMeshVertex::reset() {
-    m_index = 0;
-    return m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    return oz::resetCursor(m_target, m_index);
 }
 
 bool ZItMeshVertex::isDone(ZStatus* status) const {
-    return m_index >= oz::elementCount(m_target, kVertex, status);
+    return oz::cursorDone(m_target, kVertex, m_index, status);
 }
 
 ZStatus ZItMeshVertex::next() {
-    ZStatus status;
-    if (m_index < oz::elementCount(m_target, kVertex, &status))
-        ++m_index;
-    return status;
+    return oz::advanceCursor(m_target, kVertex, m_index);
 }
 
 int ZItMeshVertex::index(ZStatus* status) const {
-    oz::setStatus(status, m_target ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
-    return m_index;
+    return oz::cursorIndex(m_target, m_index, status);
 }
 
 int ZItMeshVertex::count(ZStatus* status) const {
@@ -48,26 +43,15 @@ int ZItMeshVertex::count(ZStatus* status) const {
 }
 
 ZStatus ZItMeshVertex::setIndex(int index, int& prevIndex) {
-    return oz::moveIndex(m_target, kVertex, m_index, index, prevIndex);
+    return oz::moveCursor(m_target, kVertex, m_index, index, prevIndex);
 }
 
 ZPoint ZItMeshVertex::position(ZSpace::Space space, ZStatus* status) const {
-    const oz::mesh::Mesh* mesh = oz::meshAt(m_target, kVertex, m_index, status);
-    const auto transform = mesh ? oz::SpaceTransform::make(*m_target, space) : std::nullopt;
-    if (!transform) {
-        oz::setStatus(status, ZStatus::kInvalidParameter);
-        return ZPoint();
-    }
-    return transform->pointToSpace(mesh->points()[static_cast<size_t>(m_index)]);
+    return oz::vertexPosition(m_target, m_index, space, status);
 }
 
 ZStatus ZItMeshVertex::setPosition(const ZPoint& point, ZSpace::Space space) {
-    const auto transform = m_target ? oz::SpaceTransform::make(*m_target, space) : std::nullopt;
-    if (!transform)
-        return ZStatus::kInvalidParameter;
-    return oz::editMesh(m_target, MeshTarget::Edit::kPoints, [&](oz::MeshData& data) {
-        return oz::toStatus(data.mesh.setPoint(m_index, transform->pointFromSpace(point)));
-    });
+    return oz::setVertexPosition(m_target, m_index, point, space);
 }
 
 ZStatus ZItMeshVertex::getNormal(ZVector& normal, ZSpace::Space space) const {

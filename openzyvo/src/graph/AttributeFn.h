@@ -10,7 +10,7 @@ namespace oz {
 // The attribute a function set is attached to, when it is of the set's kind.
 inline Attribute* attributeFor(const ZFnBase& fn, ZStatus* status = nullptr) {
     Attribute* attribute = fn.hasObj(fn.object()) ? attributeOf(fn.object()) : nullptr;
-    setResult(status, attribute ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, attribute ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return attribute;
 }
 
@@ -18,11 +18,11 @@ inline Attribute* attributeFor(const ZFnBase& fn, ZStatus* status = nullptr) {
 inline ZObject newAttribute(Attribute::Kind kind, const ZString& longName, const ZString& shortName,
                             std::shared_ptr<Attribute>& made, ZStatus* status) {
     if (longName.isEmpty()) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     made = std::make_shared<Attribute>(kind, longName, shortName.isEmpty() ? longName : shortName);
-    setResult(status, ZStatus::kSuccess);
+    setStatus(status, ZStatus::kSuccess);
     return ObjectAccess::wrap(made);
 }
 

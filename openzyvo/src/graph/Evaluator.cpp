@@ -1,17 +1,17 @@
 #include "graph/Evaluator.h"
 
+#include "core/EvaluationScope.h"
 #include "graph/BlockAccess.h"
 #include "graph/Callbacks.h"
 #include "graph/ContextState.h"
-#include "core/EvaluationScope.h"
 #include "graph/Graph.h"
+#include "graph/PlugKey.h"
 #include "graph/Report.h"
 
 #include <OpenZyvo/ZDataBlock.h>
 #include <OpenZyvo/ZEvaluationNode.h>
 #include <OpenZyvo/ZPlug.h>
 #include <cstdlib>
-#include <unordered_set>
 
 namespace oz {
 
@@ -101,12 +101,6 @@ private:
     const char* m_previous;
 };
 
-struct PlugKeyHash {
-    std::size_t operator()(const std::pair<const Node*, const Attribute*>& key) const {
-        return std::hash<const void*>()(key.first) * 31u ^ std::hash<const void*>()(key.second);
-    }
-};
-
 } // namespace
 
 void Evaluator::settleUpstream(Node& node, const Path& path, const EvalContext& context) {
@@ -117,7 +111,7 @@ void Evaluator::settleUpstream(Node& node, const Path& path, const EvalContext& 
     };
     std::vector<Item> stack{Item{&node, path, false}};
     std::vector<Item> order;
-    std::unordered_set<std::pair<const Node*, const Attribute*>, PlugKeyHash> seen;
+    PlugKeySet seen;
     Graph& graph = Graph::instance();
     while (!stack.empty()) {
         if (stack.back().expanded) {
@@ -142,7 +136,7 @@ void Evaluator::settleUpstream(Node& node, const Path& path, const EvalContext& 
         for (auto& [source, sourcePath] : sources) {
             Slot* slot = storage(*source, sourcePath, context);
             if (slot && slot->dirty && !slot->evaluating &&
-                seen.insert(std::make_pair(static_cast<const Node*>(source), sourcePath.back().attr)).second)
+                seen.insert(PlugKey(source, sourcePath.back().attr)).second)
                 stack.push_back(Item{source, std::move(sourcePath), false});
         }
     }

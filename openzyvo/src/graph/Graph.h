@@ -2,6 +2,7 @@
 
 #include "graph/Evaluator.h"
 #include "graph/Node.h"
+#include "graph/PlugKey.h"
 #include "graph/PlugRef.h"
 
 #include <OpenZyvo/ZTime.h>
@@ -9,7 +10,6 @@
 #include <functional>
 #include <memory>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 class ZDGModifier;
@@ -123,12 +123,7 @@ private:
     std::uint64_t m_edit = 1;
     std::uint64_t m_topology = 1;
     std::uint64_t m_timeDependenceVersion = 0;
-    struct PairHash {
-        std::size_t operator()(const std::pair<const Node*, const Attribute*>& p) const {
-            return std::hash<const void*>()(p.first) * 31u ^ std::hash<const void*>()(p.second);
-        }
-    };
-    std::unordered_set<std::pair<const Node*, const Attribute*>, PairHash> m_timeDependence;
+    PlugKeySet m_timeDependence;
     std::vector<std::shared_ptr<ContextCache>> m_contextCaches;
     std::uint64_t m_contextCacheIds = 0;
     Evaluator m_evaluator;

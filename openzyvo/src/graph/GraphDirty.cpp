@@ -125,7 +125,7 @@ bool Graph::isTimeDependent(Node& node, const Attribute* attribute) {
     if (m_timeDependenceVersion != m_topology)
         findTimeDependence();
     const auto reached = [&](const Attribute* a) {
-        return m_timeDependence.count(std::make_pair(static_cast<const Node*>(&node), a)) != 0;
+        return m_timeDependence.count(PlugKey(&node, a)) != 0;
     };
     for (const Attribute* a = attribute; a; a = a->parent)
         if (reached(a))
@@ -151,7 +151,7 @@ void Graph::findTimeDependence() {
     while (!work.empty()) {
         auto [node, attribute] = work.back();
         work.pop_back();
-        if (!m_timeDependence.insert(std::make_pair(static_cast<const Node*>(node), attribute)).second)
+        if (!m_timeDependence.insert(PlugKey(node, attribute)).second)
             continue;
         for (const Attribute* target : node->type->dirtyTargets(attribute))
             work.emplace_back(node, target);

@@ -1,3 +1,4 @@
+#include "core/StatusOut.h"
 #include "graph/HandleAccess.h"
 
 #include <OpenZyvo/ZArrayDataBuilder.h>
@@ -8,8 +9,7 @@ ZArrayDataBuilder::ZArrayDataBuilder(ZDataBlock*, const ZObject& attribute, unsi
 
 ZArrayDataBuilder::ZArrayDataBuilder(const ZObject& attribute, unsigned int, ZStatus* status) {
     auto a = oz::sharedAttributeOf(attribute);
-    if (status)
-        *status = a && a->flags.array ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    oz::setStatus(status, a && a->flags.array ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     if (!a || !a->flags.array)
         return;
     m_state = std::make_shared<oz::BuilderState>();
@@ -18,15 +18,13 @@ ZArrayDataBuilder::ZArrayDataBuilder(const ZObject& attribute, unsigned int, ZSt
 
 ZDataHandle ZArrayDataBuilder::addElement(unsigned int logicalIndex, ZStatus* status) {
     if (!m_state || logicalIndex > 0x7fffffffu) {
-        if (status)
-            *status = ZStatus::kInvalidParameter;
+        oz::setStatus(status, ZStatus::kInvalidParameter);
         return ZDataHandle();
     }
     auto it = m_state->elements.find(logicalIndex);
     if (it == m_state->elements.end())
         it = m_state->elements.emplace(logicalIndex, oz::makeSlot(*m_state->attribute, true)).first;
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     return oz::HandleAccess::make(&it->second, m_state->attribute.get());
 }
 
@@ -43,8 +41,7 @@ ZStatus ZArrayDataBuilder::removeElement(unsigned int logicalIndex) {
 }
 
 unsigned int ZArrayDataBuilder::elementCount(ZStatus* status) const {
-    if (status)
-        *status = m_state ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    oz::setStatus(status, m_state ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return m_state ? static_cast<unsigned int>(m_state->elements.size()) : 0;
 }
 

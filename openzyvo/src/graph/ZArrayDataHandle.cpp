@@ -1,3 +1,4 @@
+#include "core/StatusOut.h"
 #include "graph/HandleAccess.h"
 
 #include <OpenZyvo/ZArrayDataHandle.h>
@@ -6,15 +7,13 @@
 using oz::Slot;
 
 unsigned int ZArrayDataHandle::elementCount(ZStatus* status) const {
-    if (status)
-        *status = m_slot ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    oz::setStatus(status, m_slot ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return m_slot ? static_cast<unsigned int>(m_slot->elements.size()) : 0;
 }
 
 unsigned int ZArrayDataHandle::elementIndex(ZStatus* status) const {
     const bool ok = m_slot && m_hasCurrent && m_slot->elements.count(m_current);
-    if (status)
-        *status = ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    oz::setStatus(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return ok ? m_current : 0;
 }
 
@@ -50,8 +49,7 @@ ZDataHandle ZArrayDataHandle::inputValue(ZStatus* status) const {
         auto it = m_slot->elements.find(m_current);
         element = it == m_slot->elements.end() ? nullptr : &it->second;
     }
-    if (status)
-        *status = element ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    oz::setStatus(status, element ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return element ? oz::HandleAccess::make(element, m_attr) : ZDataHandle();
 }
 
@@ -61,16 +59,14 @@ ZDataHandle ZArrayDataHandle::outputValue(ZStatus* status) const {
 
 ZArrayDataBuilder ZArrayDataHandle::builder(ZStatus* status) const {
     if (!m_slot || !m_attr) {
-        if (status)
-            *status = ZStatus::kInvalidParameter;
+        oz::setStatus(status, ZStatus::kInvalidParameter);
         return ZArrayDataBuilder();
     }
     auto state = std::make_shared<oz::BuilderState>();
     state->attribute = std::static_pointer_cast<oz::Attribute>(
         std::const_pointer_cast<oz::Object>(m_attr->shared_from_this()));
     state->elements = m_slot->elements;
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     return oz::BuilderAccess::make(std::move(state));
 }
 

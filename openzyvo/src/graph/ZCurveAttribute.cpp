@@ -69,7 +69,7 @@ ZStatus setPoint(const ZPlug& curve, unsigned int index, double position, double
 
 ZCurveAttribute::ZCurveAttribute(const ZPlug& plug, ZStatus* status) {
     const bool ok = isCurvePlug(plug);
-    oz::setResult(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     if (ok)
         m_plug = plug;
 }
@@ -100,7 +100,7 @@ bool ZCurveAttribute::isCurveAttribute() const {
 
 unsigned int ZCurveAttribute::numEntries(ZStatus* status) const {
     if (!isCurveAttribute()) {
-        oz::setResult(status, ZStatus::kInvalidParameter);
+        oz::setStatus(status, ZStatus::kInvalidParameter);
         return 0;
     }
     return m_plug.evaluateNumElements(status);

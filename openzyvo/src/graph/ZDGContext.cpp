@@ -1,3 +1,4 @@
+#include "core/StatusOut.h"
 #include "graph/ContextState.h"
 #include "graph/Graph.h"
 
@@ -24,8 +25,7 @@ bool ZDGContext::isCurrent() const {
 }
 
 ZTime ZDGContext::getTime(ZStatus* status) const {
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     return m_normal ? oz::Graph::instance().currentTime() : m_time;
 }
 

@@ -232,7 +232,7 @@ ZObject ZDGModifier::createNode(const ZTypeId& typeId, ZStatus* status) {
     auto type = oz::NodeTypeRegistry::instance().find(typeId);
     std::shared_ptr<oz::Node> node;
     ZStatus result = type ? oz::Graph::instance().instantiate(type, node) : ZStatus(ZStatus::kNotFound);
-    oz::setResult(status, result);
+    oz::setStatus(status, result);
     if (!result)
         return ZObject();
     ModifierOp op(ModifierOp::Kind::Create);
@@ -244,7 +244,7 @@ ZObject ZDGModifier::createNode(const ZTypeId& typeId, ZStatus* status) {
 ZObject ZDGModifier::createNode(const ZString& typeName, ZStatus* status) {
     auto type = oz::NodeTypeRegistry::instance().find(typeName);
     if (!type) {
-        oz::setResult(status, ZStatus::kNotFound);
+        oz::setStatus(status, ZStatus::kNotFound);
         return ZObject();
     }
     return createNode(type->id, status);

@@ -8,7 +8,7 @@
 
 using oz::EvalFrame;
 using oz::Path;
-using oz::setResult;
+using oz::setStatus;
 using oz::Slot;
 
 namespace {
@@ -18,7 +18,7 @@ namespace {
 bool pathOf(const EvalFrame* frame, const ZObject& attribute, Path& path, ZStatus* status) {
     const bool ok =
         frame && frame->node->pathTo(oz::attributeOf(attribute), path) && oz::isFullySpecified(path);
-    setResult(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return ok;
 }
 
@@ -26,7 +26,7 @@ bool pathOf(const EvalFrame* frame, const ZPlug& plug, Path& path, ZStatus* stat
     const oz::PlugRef* ref = oz::PlugAccess::get(plug);
     const bool ok =
         frame && ref && ref->valid() && ref->node.get() == frame->node && oz::isFullySpecified(ref->path);
-    setResult(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     if (ok)
         path = ref->path;
     return ok;
@@ -35,14 +35,14 @@ bool pathOf(const EvalFrame* frame, const ZPlug& plug, Path& path, ZStatus* stat
 Slot* input(const EvalFrame* frame, const Path& path, ZStatus* status) {
     Slot* slot = oz::Graph::instance().evaluator().pull(*frame->node, path, *frame->context);
     if (!slot)
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
     return slot;
 }
 
 Slot* output(const EvalFrame* frame, const Path& path, ZStatus* status) {
     Slot* slot = oz::Graph::instance().evaluator().storage(*frame->node, path, *frame->context);
     if (!slot)
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
     return slot;
 }
 
@@ -61,7 +61,7 @@ ZArrayDataHandle arrayHandle(EvalFrame* frame, const Target& target, ZStatus* st
     if (!pathOf(frame, target, path, status))
         return ZArrayDataHandle();
     if (!oz::isArrayPath(path)) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZArrayDataHandle();
     }
     Slot* slot = read ? input(frame, path, status) : output(frame, path, status);
@@ -129,6 +129,6 @@ bool ZDataBlock::isClean(const ZObject& attribute, ZStatus* status) {
 }
 
 ZDGContext ZDataBlock::context(ZStatus* status) const {
-    setResult(status, m_frame ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, m_frame ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return m_frame ? m_frame->context->asContext() : ZDGContext();
 }

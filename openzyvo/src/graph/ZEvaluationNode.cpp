@@ -20,13 +20,13 @@ bool concerns(const oz::Path& path, const oz::Attribute* attribute) {
 } // namespace
 
 ZObject ZEvaluationNode::dependencyNode(ZStatus* status) const {
-    oz::setResult(status, m_node ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, m_node ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return m_node ? oz::wrapNode(*m_node) : ZObject();
 }
 
 bool ZEvaluationNode::dirtyPlugExists(const ZObject& attribute, ZStatus* status) const {
     const oz::Attribute* a = oz::attributeOf(attribute);
-    oz::setResult(status, m_node && a ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    oz::setStatus(status, m_node && a ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     if (!m_node || !a)
         return false;
     for (const oz::Path& path : m_node->pending)
@@ -40,10 +40,10 @@ ZPlug ZEvaluationNode::dirtyPlug(const ZObject& attribute, ZStatus* status) cons
     if (m_node && a)
         for (const oz::Path& path : m_node->pending)
             if (concerns(path, a)) {
-                oz::setResult(status, ZStatus::kSuccess);
+                oz::setStatus(status, ZStatus::kSuccess);
                 return oz::PlugAccess::make(*m_node, path);
             }
-    oz::setResult(status, ZStatus::kNotFound);
+    oz::setStatus(status, ZStatus::kNotFound);
     return ZPlug();
 }
 

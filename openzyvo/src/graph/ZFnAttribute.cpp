@@ -1,3 +1,4 @@
+#include "core/StatusOut.h"
 #include "graph/AttributeFn.h"
 
 #include <OpenZyvo/ZFnAttribute.h>
@@ -23,7 +24,7 @@ ZStatus setFlag(const ZFnAttribute& fn, bool Attribute::Flags::*member, bool sta
 } // namespace
 
 ZFnAttribute::ZFnAttribute(const ZObject& attribute, ZStatus* status) {
-    oz::setResult(status, setObject(attribute));
+    oz::setStatus(status, setObject(attribute));
 }
 
 ZString ZFnAttribute::name(ZStatus* status) const {

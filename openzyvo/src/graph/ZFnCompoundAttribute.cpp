@@ -5,10 +5,10 @@
 
 using oz::Attribute;
 using oz::attributeFor;
-using oz::setResult;
+using oz::setStatus;
 
 ZFnCompoundAttribute::ZFnCompoundAttribute(const ZObject& attribute, ZStatus* status) {
-    setResult(status, setObject(attribute));
+    setStatus(status, setObject(attribute));
 }
 
 ZObject ZFnCompoundAttribute::create(const ZString& longName, const ZString& shortName, ZStatus* status) {
@@ -53,7 +53,7 @@ unsigned int ZFnCompoundAttribute::numChildren(ZStatus* status) const {
 ZObject ZFnCompoundAttribute::child(unsigned int index, ZStatus* status) const {
     const Attribute* a = attributeFor(*this, status);
     if (!a || index >= a->children.size()) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     return oz::ObjectAccess::wrap(a->children[index]);

@@ -11,21 +11,21 @@
 
 using oz::Graph;
 using oz::Node;
-using oz::setResult;
+using oz::setStatus;
 
 namespace {
 
 Node* nodeFor(const ZFnDependencyNode& fn, ZStatus* status) {
     Node* node = oz::nodeOf(fn.object());
     const bool ok = node && node->state != Node::State::Finalised;
-    setResult(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return ok ? node : nullptr;
 }
 
 } // namespace
 
 ZFnDependencyNode::ZFnDependencyNode(const ZObject& node, ZStatus* status) {
-    setResult(status, setObject(node));
+    setStatus(status, setObject(node));
 }
 
 ZObject ZFnDependencyNode::create(const ZTypeId& typeId, ZStatus* status) {
@@ -35,12 +35,12 @@ ZObject ZFnDependencyNode::create(const ZTypeId& typeId, ZStatus* status) {
 ZObject ZFnDependencyNode::create(const ZTypeId& typeId, const ZString& name, ZStatus* status) {
     auto type = oz::NodeTypeRegistry::instance().find(typeId);
     if (!type) {
-        setResult(status, ZStatus::kNotFound);
+        setStatus(status, ZStatus::kNotFound);
         return ZObject();
     }
     std::shared_ptr<Node> node;
     ZStatus result = Graph::instance().createNode(type, name, node);
-    setResult(status, result);
+    setStatus(status, result);
     if (!result)
         return ZObject();
     m_object = oz::wrapNode(*node);
@@ -54,7 +54,7 @@ ZObject ZFnDependencyNode::create(const ZString& typeName, ZStatus* status) {
 ZObject ZFnDependencyNode::create(const ZString& typeName, const ZString& name, ZStatus* status) {
     auto type = oz::NodeTypeRegistry::instance().find(typeName);
     if (!type) {
-        setResult(status, ZStatus::kNotFound);
+        setStatus(status, ZStatus::kNotFound);
         return ZObject();
     }
     return create(type->id, name, status);
@@ -70,7 +70,7 @@ ZString ZFnDependencyNode::setName(const ZString& name, ZStatus* status) {
     if (!node)
         return ZString();
     ZString result;
-    setResult(status, Graph::instance().rename(*node, name, &result));
+    setStatus(status, Graph::instance().rename(*node, name, &result));
     return node->name;
 }
 
@@ -100,7 +100,7 @@ ZPlug ZFnDependencyNode::findPlug(const ZString& name, bool, ZStatus* status) co
         return ZPlug();
     oz::Path path;
     ZStatus result = oz::parsePlugPath(*node, name.view(), path);
-    setResult(status, result);
+    setStatus(status, result);
     return result ? oz::PlugAccess::make(*node, std::move(path)) : ZPlug();
 }
 
@@ -109,7 +109,7 @@ ZPlug ZFnDependencyNode::findPlug(const ZObject& attribute, bool, ZStatus* statu
     const oz::Attribute* a = oz::attributeOf(attribute);
     oz::Path path;
     if (!node || !node->pathTo(a, path)) {
-        setResult(status, node ? ZStatus::kNotFound : ZStatus::kInvalidParameter);
+        setStatus(status, node ? ZStatus::kNotFound : ZStatus::kInvalidParameter);
         return ZPlug();
     }
     return oz::PlugAccess::make(*node, std::move(path));
@@ -126,7 +126,7 @@ ZObject ZFnDependencyNode::attribute(unsigned int index, ZStatus* status) const 
         return ZObject();
     const auto all = node->allAttributes();
     if (index >= all.size()) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     return oz::wrapAttribute(all[index]);
@@ -138,7 +138,7 @@ ZObject ZFnDependencyNode::attribute(const ZString& name, ZStatus* status) const
         return ZObject();
     const oz::Attribute* a = node->findAttribute(name);
     if (!a)
-        setResult(status, ZStatus::kNotFound);
+        setStatus(status, ZStatus::kNotFound);
     return oz::wrapAttribute(a);
 }
 

@@ -7,10 +7,10 @@
 
 using oz::Attribute;
 using oz::attributeFor;
-using oz::setResult;
+using oz::setStatus;
 
 ZFnEnumAttribute::ZFnEnumAttribute(const ZObject& attribute, ZStatus* status) {
-    setResult(status, setObject(attribute));
+    setStatus(status, setObject(attribute));
 }
 
 ZObject ZFnEnumAttribute::create(const ZString& longName, const ZString& shortName, short defaultValue,
@@ -41,7 +41,7 @@ ZString ZFnEnumAttribute::fieldName(short value, ZStatus* status) const {
         for (const auto& field : a->fields)
             if (field.second == value)
                 return field.first;
-    setResult(status, a ? ZStatus::kNotFound : ZStatus::kInvalidParameter);
+    setStatus(status, a ? ZStatus::kNotFound : ZStatus::kInvalidParameter);
     return ZString();
 }
 
@@ -51,7 +51,7 @@ short ZFnEnumAttribute::fieldValue(const ZString& fieldName, ZStatus* status) co
         for (const auto& field : a->fields)
             if (field.first == fieldName)
                 return field.second;
-    setResult(status, a ? ZStatus::kNotFound : ZStatus::kInvalidParameter);
+    setStatus(status, a ? ZStatus::kNotFound : ZStatus::kInvalidParameter);
     return 0;
 }
 

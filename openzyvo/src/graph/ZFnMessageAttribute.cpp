@@ -1,9 +1,10 @@
+#include "core/StatusOut.h"
 #include "graph/AttributeFn.h"
 
 #include <OpenZyvo/ZFnMessageAttribute.h>
 
 ZFnMessageAttribute::ZFnMessageAttribute(const ZObject& attribute, ZStatus* status) {
-    oz::setResult(status, setObject(attribute));
+    oz::setStatus(status, setObject(attribute));
 }
 
 ZObject ZFnMessageAttribute::create(const ZString& longName, const ZString& shortName, ZStatus* status) {

@@ -5,7 +5,7 @@
 
 using oz::Attribute;
 using oz::attributeFor;
-using oz::setResult;
+using oz::setStatus;
 
 namespace {
 
@@ -69,13 +69,13 @@ ZStatus getRange(const ZFnNumericAttribute& fn, Attribute::Range Attribute::*whi
 } // namespace
 
 ZFnNumericAttribute::ZFnNumericAttribute(const ZObject& attribute, ZStatus* status) {
-    setResult(status, setObject(attribute));
+    setStatus(status, setObject(attribute));
 }
 
 ZObject ZFnNumericAttribute::create(const ZString& longName, const ZString& shortName,
                                     ZFnNumericData::Type kind, double defaultValue, ZStatus* status) {
     if (ZFnNumericData::componentCount(kind) == 0) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     std::shared_ptr<Attribute> a;
@@ -98,14 +98,14 @@ ZObject ZFnNumericAttribute::create(const ZString& longName, const ZString& shor
         auto child = oz::sharedAttributeOf(*object);
         if (!child || !child->isNumberLike() || child->parent || child->frozen || child->flags.array ||
             !child->children.empty()) {
-            setResult(status, ZStatus::kInvalidParameter);
+            setStatus(status, ZStatus::kInvalidParameter);
             return ZObject();
         }
         children.push_back(child);
     }
     if (children[0] == children[1] ||
         (children.size() == 3 && (children[2] == children[0] || children[2] == children[1]))) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     std::shared_ptr<Attribute> a;

@@ -4,7 +4,7 @@
 
 using oz::Attribute;
 using oz::attributeFor;
-using oz::setResult;
+using oz::setStatus;
 
 namespace {
 
@@ -21,20 +21,20 @@ bool acceptable(const Attribute& attribute, const ZObject& object, std::shared_p
 } // namespace
 
 ZFnTypedAttribute::ZFnTypedAttribute(const ZObject& attribute, ZStatus* status) {
-    setResult(status, setObject(attribute));
+    setStatus(status, setObject(attribute));
 }
 
 ZObject ZFnTypedAttribute::create(const ZString& longName, const ZString& shortName, ZFnData::Type dataType,
                                   const ZObject& defaultData, ZStatus* status) {
     if (dataType <= ZFnData::kInvalid || dataType >= ZFnData::kLast) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     Attribute probe(Attribute::Kind::Typed, longName, shortName);
     probe.dataType = dataType;
     std::shared_ptr<oz::Data> data;
     if (!acceptable(probe, defaultData, data)) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     std::shared_ptr<Attribute> a;

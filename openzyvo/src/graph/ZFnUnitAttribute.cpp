@@ -4,7 +4,7 @@
 
 using oz::Attribute;
 using oz::attributeFor;
-using oz::setResult;
+using oz::setStatus;
 
 namespace {
 
@@ -33,13 +33,13 @@ ZStatus getRange(const ZFnUnitAttribute& fn, Attribute::Range Attribute::*which,
 } // namespace
 
 ZFnUnitAttribute::ZFnUnitAttribute(const ZObject& attribute, ZStatus* status) {
-    setResult(status, setObject(attribute));
+    setStatus(status, setObject(attribute));
 }
 
 ZObject ZFnUnitAttribute::create(const ZString& longName, const ZString& shortName, Type unitType,
                                  double defaultValue, ZStatus* status) {
     if (unitType != kAngle && unitType != kDistance && unitType != kTime) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     std::shared_ptr<Attribute> a;

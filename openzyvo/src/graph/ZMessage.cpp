@@ -18,19 +18,19 @@ ZCallbackId addToNode(const ZObject& object, CallbackEntry::Kind kind, F functio
                       ZStatus* status) {
     oz::Node* node = oz::nodeOf(object);
     if (!node || !function || !node->usable()) {
-        oz::setResult(status, ZStatus::kInvalidParameter);
+        oz::setStatus(status, ZStatus::kInvalidParameter);
         return 0;
     }
-    oz::setResult(status, ZStatus::kSuccess);
+    oz::setStatus(status, ZStatus::kSuccess);
     return Callbacks::instance().addNodeCallback(*node, kind, function, clientData);
 }
 
 template <typename F> ZCallbackId addToScene(int message, F function, void* clientData, ZStatus* status) {
     if (!function || message < 0 || message >= ZSceneMessage::kLast) {
-        oz::setResult(status, ZStatus::kInvalidParameter);
+        oz::setStatus(status, ZStatus::kInvalidParameter);
         return 0;
     }
-    oz::setResult(status, ZStatus::kSuccess);
+    oz::setStatus(status, ZStatus::kSuccess);
     return Callbacks::instance().addSceneCallback(message, function, clientData);
 }
 

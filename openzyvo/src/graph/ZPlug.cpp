@@ -5,12 +5,13 @@
 #include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZPlugArray.h>
+#include <utility>
 
 using oz::Graph;
 using oz::Path;
 using oz::PlugAccess;
 using oz::PlugRef;
-using oz::setResult;
+using oz::setStatus;
 using oz::Slot;
 
 namespace {
@@ -18,7 +19,7 @@ namespace {
 const PlugRef* usable(const ZPlug& plug, ZStatus* status) {
     const PlugRef* ref = PlugAccess::get(plug);
     const bool ok = ref && ref->valid();
-    setResult(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return ok ? ref : nullptr;
 }
 
@@ -32,13 +33,13 @@ const Slot* evaluated(const ZPlug& plug, ZStatus* status) {
     if (!ref)
         return nullptr;
     if (!oz::isFullySpecified(ref->path)) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return nullptr;
     }
     oz::Evaluator& evaluator = Graph::instance().evaluator();
     const Slot* slot = evaluator.pull(*ref->node, ref->path, evaluator.currentContext());
     if (!slot)
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
     return slot;
 }
 
@@ -46,7 +47,7 @@ double number(const ZPlug& plug, ZStatus* status) {
     double value = 0.0;
     if (const Slot* slot = evaluated(plug, status)) {
         const ZStatus read = oz::readNumber(*slot, *PlugAccess::get(plug)->leaf(), value);
-        setResult(status, read);
+        setStatus(status, read);
     }
     return value;
 }
@@ -61,9 +62,12 @@ ZStatus setNumber(const ZPlug& plug, double value) {
                                       });
 }
 
-template <typename T> ZStatus fetch(T& out, T value, ZStatus status) {
+// getValue is the matching asX that leaves the caller's variable alone when the read fails.
+template <typename T> ZStatus fetch(const ZPlug& plug, T (ZPlug::*read)(ZStatus*) const, T& out) {
+    ZStatus status;
+    T value = (plug.*read)(&status);
     if (status)
-        out = value;
+        out = std::move(value);
     return status;
 }
 
@@ -78,7 +82,7 @@ ZPlug::ZPlug(const ZObject& node, const ZObject& attribute) {
 }
 
 bool ZPlug::isNull(ZStatus* status) const {
-    setResult(status, ZStatus::kSuccess);
+    setStatus(status, ZStatus::kSuccess);
     const PlugRef* ref = PlugAccess::get(*this);
     return !ref || !ref->valid();
 }
@@ -169,7 +173,7 @@ unsigned int ZPlug::numChildren(ZStatus* status) const {
 ZPlug ZPlug::child(unsigned int index, ZStatus* status) const {
     const PlugRef* ref = usable(*this, status);
     if (!ref || index >= ref->leaf()->children.size()) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZPlug();
     }
     Path path = ref->path;
@@ -181,7 +185,7 @@ ZPlug ZPlug::child(const ZObject& attribute, ZStatus* status) const {
     const PlugRef* ref = usable(*this, status);
     const oz::Attribute* a = oz::attributeOf(attribute);
     if (!ref || !a || a->parent != ref->leaf()) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZPlug();
     }
     return child(a->indexInParent, status);
@@ -190,7 +194,7 @@ ZPlug ZPlug::child(const ZObject& attribute, ZStatus* status) const {
 ZPlug ZPlug::parent(ZStatus* status) const {
     const PlugRef* ref = usable(*this, status);
     if (!ref || ref->path.size() < 2) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZPlug();
     }
     Path path = ref->path;
@@ -201,7 +205,7 @@ ZPlug ZPlug::parent(ZStatus* status) const {
 ZPlug ZPlug::array(ZStatus* status) const {
     const PlugRef* ref = usable(*this, status);
     if (!ref || !oz::isElementPath(ref->path)) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZPlug();
     }
     Path path = ref->path;
@@ -212,7 +216,7 @@ ZPlug ZPlug::array(ZStatus* status) const {
 unsigned int ZPlug::numElements(ZStatus* status) const {
     const PlugRef* ref = usable(*this, status);
     if (!ref || !oz::isArrayPath(ref->path)) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return 0;
     }
     const Slot* slot = ref->node->resolve(ref->node->normal, ref->path, false);
@@ -222,7 +226,7 @@ unsigned int ZPlug::numElements(ZStatus* status) const {
 unsigned int ZPlug::evaluateNumElements(ZStatus* status) const {
     const PlugRef* ref = usable(*this, status);
     if (!ref || !oz::isArrayPath(ref->path)) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return 0;
     }
     const Slot* slot = evaluated(*this, status);
@@ -232,7 +236,7 @@ unsigned int ZPlug::evaluateNumElements(ZStatus* status) const {
 ZPlug ZPlug::elementByLogicalIndex(unsigned int logicalIndex, ZStatus* status) const {
     const PlugRef* ref = usable(*this, status);
     if (!ref || !oz::isArrayPath(ref->path) || logicalIndex > 0x7fffffffu) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZPlug();
     }
     Path path = ref->path;
@@ -247,7 +251,7 @@ ZPlug ZPlug::elementByPhysicalIndex(unsigned int physicalIndex, ZStatus* status)
     const Slot* slot =
         ref && oz::isArrayPath(ref->path) ? ref->node->resolve(ref->node->normal, ref->path, false) : nullptr;
     if (!slot || physicalIndex >= slot->elements.size()) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZPlug();
     }
     auto it = slot->elements.begin();
@@ -260,7 +264,7 @@ ZPlug ZPlug::elementByPhysicalIndex(unsigned int physicalIndex, ZStatus* status)
 unsigned int ZPlug::logicalIndex(ZStatus* status) const {
     const PlugRef* ref = usable(*this, status);
     if (!ref || !oz::isElementPath(ref->path)) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return 0;
     }
     return static_cast<unsigned int>(ref->path.back().index);
@@ -270,7 +274,7 @@ int ZPlug::getExistingArrayAttributeIndices(ZIntArray& indices, ZStatus* status)
     indices.clear();
     const PlugRef* ref = usable(*this, status);
     if (!ref || !oz::isArrayPath(ref->path)) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return 0;
     }
     if (const Slot* slot = ref->node->resolve(ref->node->normal, ref->path, false))
@@ -407,14 +411,14 @@ double ZPlug::asDouble(ZStatus* status) const {
 ZString ZPlug::asString(ZStatus* status) const {
     ZString value;
     if (const Slot* slot = evaluated(*this, status))
-        setResult(status, oz::readString(*slot, *PlugAccess::get(*this)->leaf(), value));
+        setStatus(status, oz::readString(*slot, *PlugAccess::get(*this)->leaf(), value));
     return value;
 }
 
 ZObject ZPlug::asZObject(ZStatus* status) const {
     ZObject value;
     if (const Slot* slot = evaluated(*this, status))
-        setResult(status, oz::readObject(*slot, *PlugAccess::get(*this)->leaf(), value));
+        setStatus(status, oz::readObject(*slot, *PlugAccess::get(*this)->leaf(), value));
     return value;
 }
 
@@ -429,54 +433,34 @@ ZAngle ZPlug::asAngle(ZStatus* status) const {
 }
 
 ZStatus ZPlug::getValue(bool& value) const {
-    ZStatus status;
-    const bool v = asBool(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asBool, value);
 }
 ZStatus ZPlug::getValue(short& value) const {
-    ZStatus status;
-    const short v = asShort(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asShort, value);
 }
 ZStatus ZPlug::getValue(int& value) const {
-    ZStatus status;
-    const int v = asInt(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asInt, value);
 }
 ZStatus ZPlug::getValue(float& value) const {
-    ZStatus status;
-    const float v = asFloat(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asFloat, value);
 }
 ZStatus ZPlug::getValue(double& value) const {
-    ZStatus status;
-    const double v = asDouble(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asDouble, value);
 }
 ZStatus ZPlug::getValue(ZString& value) const {
-    ZStatus status;
-    ZString v = asString(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asString, value);
 }
 ZStatus ZPlug::getValue(ZObject& value) const {
-    ZStatus status;
-    ZObject v = asZObject(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asZObject, value);
 }
 ZStatus ZPlug::getValue(ZTime& value) const {
-    ZStatus status;
-    const ZTime v = asTime(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asTime, value);
 }
 ZStatus ZPlug::getValue(ZDistance& value) const {
-    ZStatus status;
-    const ZDistance v = asDistance(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asDistance, value);
 }
 ZStatus ZPlug::getValue(ZAngle& value) const {
-    ZStatus status;
-    const ZAngle v = asAngle(&status);
-    return fetch(value, v, status);
+    return fetch(*this, &ZPlug::asAngle, value);
 }
 
 ZStatus ZPlug::setValue(bool value) {

@@ -5,7 +5,7 @@
 #include <OpenZyvo/ZDagPath.h>
 
 using oz::Node;
-using oz::setResult;
+using oz::setStatus;
 
 namespace {
 
@@ -25,7 +25,7 @@ Node* lastNode(const std::vector<ZObject>& nodes, ZStatus* status) {
         }
         previous = node;
     }
-    setResult(status, previous ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, previous ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return previous;
 }
 
@@ -56,12 +56,12 @@ ZStatus ZDagPath::getAPathTo(const ZObject& object, ZDagPath& path) {
 }
 
 bool ZDagPath::isValid(ZStatus* status) const {
-    setResult(status, ZStatus::kSuccess);
+    setStatus(status, ZStatus::kSuccess);
     return lastNode(m_nodes, nullptr) != nullptr;
 }
 
 unsigned int ZDagPath::length(ZStatus* status) const {
-    setResult(status, ZStatus::kSuccess);
+    setStatus(status, ZStatus::kSuccess);
     return static_cast<unsigned int>(m_nodes.size());
 }
 
@@ -74,7 +74,7 @@ ZObject ZDagPath::transform(ZStatus* status) const {
     Node* node = lastNode(m_nodes, status);
     while (node && !oz::nodes::isTransform(*node))
         node = node->dagParent;
-    setResult(status, node ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, node ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return node ? oz::wrapNode(*node) : ZObject();
 }
 
@@ -128,7 +128,7 @@ unsigned int ZDagPath::childCount(ZStatus* status) const {
 ZObject ZDagPath::child(unsigned int index, ZStatus* status) const {
     Node* node = lastNode(m_nodes, status);
     if (!node || index >= node->dagChildren.size()) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     return oz::wrapNode(*node->dagChildren[index]);

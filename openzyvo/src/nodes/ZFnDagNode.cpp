@@ -8,25 +8,25 @@
 #include <algorithm>
 
 using oz::Node;
-using oz::setResult;
+using oz::setStatus;
 
 namespace {
 
 Node* dagNodeOf(const ZObject& object, ZStatus* status) {
     Node* node = oz::nodeOf(object);
     const bool ok = node && node->state == Node::State::Live && oz::nodes::isDagNode(*node);
-    setResult(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
+    setStatus(status, ok ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return ok ? node : nullptr;
 }
 
 } // namespace
 
 ZFnDagNode::ZFnDagNode(const ZObject& node, ZStatus* status) {
-    setResult(status, setObject(node));
+    setStatus(status, setObject(node));
 }
 
 ZFnDagNode::ZFnDagNode(const ZDagPath& path, ZStatus* status) {
-    setResult(status, setObject(path));
+    setStatus(status, setObject(path));
 }
 
 ZStatus ZFnDagNode::setObject(const ZDagPath& path) {
@@ -43,7 +43,7 @@ ZObject ZFnDagNode::create(const ZString& typeName, const ZString& name, const Z
                            ZStatus* status) {
     const auto type = oz::NodeTypeRegistry::instance().find(typeName);
     if (!type) {
-        setResult(status, ZStatus::kNotFound);
+        setStatus(status, ZStatus::kNotFound);
         return ZObject();
     }
     return create(type->id, name, parent, status);
@@ -54,7 +54,7 @@ ZObject ZFnDagNode::create(const ZTypeId& typeId, const ZString& name, const ZOb
     const auto type = oz::NodeTypeRegistry::instance().find(typeId);
     Node* parentNode = parent.isNull() ? nullptr : dagNodeOf(parent, nullptr);
     if (!type || !type->dag || type->abstract || (!parent.isNull() && !parentNode)) {
-        setResult(status, type ? ZStatus::kInvalidParameter : ZStatus::kNotFound);
+        setStatus(status, type ? ZStatus::kInvalidParameter : ZStatus::kNotFound);
         return ZObject();
     }
     oz::Graph& graph = oz::Graph::instance();
@@ -62,7 +62,7 @@ ZObject ZFnDagNode::create(const ZTypeId& typeId, const ZString& name, const ZOb
     if (!parentNode && type->kind != ZPxNode::kTransformNode) {
         const ZStatus made = graph.createNode(oz::nodes::TransformNode::kTypeName, ZString(), madeParent);
         if (!made) {
-            setResult(status, made);
+            setStatus(status, made);
             return ZObject();
         }
         parentNode = madeParent.get();
@@ -76,11 +76,11 @@ ZObject ZFnDagNode::create(const ZTypeId& typeId, const ZString& name, const ZOb
             graph.deleteNode(*node);
         if (madeParent)
             graph.deleteNode(*madeParent);
-        setResult(status, result);
+        setStatus(status, result);
         return ZObject();
     }
     m_object = oz::wrapNode(*node);
-    setResult(status, ZStatus::kSuccess);
+    setStatus(status, ZStatus::kSuccess);
     return m_object;
 }
 
@@ -92,7 +92,7 @@ unsigned int ZFnDagNode::parentCount(ZStatus* status) const {
 ZObject ZFnDagNode::parent(unsigned int index, ZStatus* status) const {
     Node* node = dagNodeOf(m_object, status);
     if (!node || index != 0 || !node->dagParent) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     return oz::wrapNode(*node->dagParent);
@@ -106,7 +106,7 @@ unsigned int ZFnDagNode::childCount(ZStatus* status) const {
 ZObject ZFnDagNode::child(unsigned int index, ZStatus* status) const {
     Node* node = dagNodeOf(m_object, status);
     if (!node || index >= node->dagChildren.size()) {
-        setResult(status, ZStatus::kInvalidParameter);
+        setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
     return oz::wrapNode(*node->dagChildren[index]);
@@ -146,7 +146,7 @@ ZStatus ZFnDagNode::getPath(ZDagPath& path) const {
 
 ZDagPath ZFnDagNode::dagPath(ZStatus* status) const {
     ZDagPath path;
-    setResult(status, getPath(path));
+    setStatus(status, getPath(path));
     return path;
 }
 

@@ -1,3 +1,5 @@
+#include "core/StatusOut.h"
+#include "core/Wildcard.h"
 #include "graph/Graph.h"
 #include "nodes/DagHierarchy.h"
 #include "nodes/SelectionItems.h"
@@ -32,28 +34,6 @@ void SelectionItems::append(const SelectionItem& item) {
 } // namespace oz
 
 namespace {
-
-// '*' matches any run of characters, '?' any one character.
-bool matches(std::string_view pattern, std::string_view name) {
-    std::size_t p = 0, n = 0, starP = std::string_view::npos, starN = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == name[n])) {
-            ++p;
-            ++n;
-        } else if (p < pattern.size() && pattern[p] == '*') {
-            starP = p++;
-            starN = n;
-        } else if (starP != std::string_view::npos) {
-            p = starP + 1;
-            n = ++starN;
-        } else {
-            return false;
-        }
-    }
-    while (p < pattern.size() && pattern[p] == '*')
-        ++p;
-    return p == pattern.size();
-}
 
 Node* liveNode(const ZObject& object) {
     Node* node = oz::nodeOf(object);
@@ -95,13 +75,13 @@ ZStatus ZSelectionList::add(const ZString& pattern) {
         const ZStatus status = oz::Graph::instance().findPlug(node->name + ZString(text.substr(dot)), plug);
         return status ? add(plug) : status;
     }
-    if (text.find_first_of("*?") == std::string_view::npos) {
+    if (!oz::hasWildcards(text)) {
         Node* node = namedNode(text);
         return node ? add(oz::wrapNode(*node)) : ZStatus::kNotFound;
     }
     bool found = false;
     for (const auto& node : oz::Graph::instance().nodes())
-        if (node->state == Node::State::Live && matches(text, node->name.view())) {
+        if (node->state == Node::State::Live && oz::matchesWildcard(text, node->name.view())) {
             m_items->append(SelectionItem{oz::wrapNode(*node), ZPlug()});
             found = true;
         }
@@ -133,8 +113,7 @@ ZStatus ZSelectionList::add(const ZPlug& plug) {
 
 unsigned int ZSelectionList::length(ZStatus* status) const {
     m_items->prune();
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     return static_cast<unsigned int>(m_items->items.size());
 }
 
@@ -144,8 +123,7 @@ bool ZSelectionList::isEmpty(ZStatus* status) const {
 
 bool ZSelectionList::hasItem(const ZObject& node, ZStatus* status) const {
     m_items->prune();
-    if (status)
-        *status = ZStatus::kSuccess;
+    oz::setStatus(status, ZStatus::kSuccess);
     const SelectionItem wanted{node, ZPlug()};
     return std::find(m_items->items.begin(), m_items->items.end(), wanted) != m_items->items.end();
 }

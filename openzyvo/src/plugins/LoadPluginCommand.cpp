@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "plugins/PluginRegistry.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
@@ -7,7 +8,7 @@ namespace {
 
 // loadPlugin NAME|PATH: loads a plug-in, found by name in the plug-in path
 // or by the path of its library, and returns its name.
-class LoadPluginCommand : public ZPxCommand {
+class LoadPluginCommand : public oz::cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -15,11 +16,8 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
         ZString nameOrPath;
         database.getCommandArgument(0, nameOrPath);
         std::string name;

@@ -1,5 +1,6 @@
 #include "commands/BuiltinCommand.h"
 #include "commands/CommandRegistry.h"
+#include "commands/ParsedCommand.h"
 #include "graph/NodeTypeRegistry.h"
 #include "plugins/ApiVersion.h"
 #include "plugins/PluginRegistry.h"
@@ -38,7 +39,7 @@ ZStringArray nodeTypesOf(const Plugin& plugin) {
 
 // pluginInfo -query -listPlugins
 // pluginInfo -query -loaded | -path | -vendor | -version | -apiVersion | -command | -dependNode NAME
-class PluginInfoCommand : public ZPxCommand {
+class PluginInfoCommand : public oz::cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -55,11 +56,7 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
-        ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         if (!database.isQuery() || database.numberOfFlagsUsed() != 1) {
             displayError("pluginInfo: give -query and one of its flags");
             return ZStatus::kInvalidParameter;
@@ -68,8 +65,6 @@ public:
             setResult(toArray(PluginRegistry::instance().names()));
             return ZStatus::kSuccess;
         }
-        ZStringArray objects;
-        database.getObjects(objects);
         if (objects.length() != 1) {
             displayError("pluginInfo: name the plug-in");
             return ZStatus::kInvalidParameter;

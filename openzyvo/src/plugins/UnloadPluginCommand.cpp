@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "plugins/PluginRegistry.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
@@ -7,7 +8,7 @@ namespace {
 
 // unloadPlugin NAME: unloads a plug-in whose node types have no nodes in the
 // scene, and returns its name.
-class UnloadPluginCommand : public ZPxCommand {
+class UnloadPluginCommand : public oz::cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -15,11 +16,8 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
         ZString name;
         database.getCommandArgument(0, name);
         status = oz::plugins::PluginRegistry::instance().unload(name.asStdString());

@@ -1,6 +1,7 @@
 #include "commands/CommandRegistry.h"
 #include "commands/ContextCommands.h"
 #include "commands/ProcedureRegistry.h"
+#include "core/StatusOut.h"
 #include "graph/NodeTypeRegistry.h"
 #include "plugins/ApiVersion.h"
 #include "plugins/Plugin.h"
@@ -19,8 +20,7 @@ namespace {
 
 Plugin* pluginOf(const ZObject& object, ZStatus* status = nullptr) {
     Plugin* plugin = oz::plugins::loadedPlugin(object);
-    if (status)
-        *status = plugin ? ZStatus::kSuccess : ZStatus::kInvalidParameter;
+    oz::setStatus(status, plugin ? ZStatus::kSuccess : ZStatus::kInvalidParameter);
     return plugin;
 }
 
@@ -49,8 +49,7 @@ ZFnPlugin::ZFnPlugin(const ZObject& plugin, const char* vendor, const char* vers
     if (!oz::plugins::meetsRequiredApi(requiredApiVersion ? requiredApiVersion : "Any")) {
         reportRefusal(*target, ZString("needs API version ") + requiredApiVersion + ", this host provides " +
                                    oz::plugins::formatApiVersion(OPENZYVO_API_VERSION));
-        if (status)
-            *status = ZStatus::kFailure;
+        oz::setStatus(status, ZStatus::kFailure);
         return;
     }
     const std::string unknown = "Unknown";

@@ -1,4 +1,5 @@
 #include "commands/BuiltinCommand.h"
+#include "commands/ParsedCommand.h"
 #include "python/PythonRuntime.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
@@ -7,7 +8,7 @@ namespace {
 
 // python "code": runs Python code; an expression gives its value, as text,
 // as the result.
-class PythonCommand : public ZPxCommand {
+class PythonCommand : public oz::cmd::ParsedCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -15,11 +16,8 @@ public:
         return syntax;
     }
 
-    ZStatus doIt(const ZArgList& args) override {
+    ZStatus run(const ZArgDatabase& database, const ZStringArray& objects) override {
         ZStatus status;
-        const ZArgDatabase database(syntax(), args, &status);
-        if (!status)
-            return status;
         ZString code;
         database.getCommandArgument(0, code);
         const oz::python::RunOutcome outcome = oz::python::run(code.asStdString());

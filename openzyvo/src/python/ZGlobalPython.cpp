@@ -1,6 +1,7 @@
 #include "commands/ExecutionScope.h"
 #include "commands/IdleQueue.h"
 #include "commands/MessageLog.h"
+#include "core/StatusOut.h"
 #include "python/PythonRuntime.h"
 
 #include <OpenZyvo/ZGlobal.h>
@@ -39,8 +40,7 @@ ZStatus ZGlobal::executePythonCommand(const ZString& command, ZString& result, b
 ZString ZGlobal::executePythonCommandStringResult(const ZString& command, bool displayEnabled,
                                                   bool undoEnabled, ZStatus* status) {
     const oz::python::RunOutcome outcome = runPython(command, displayEnabled, undoEnabled);
-    if (status)
-        *status = outcome.status;
+    oz::setStatus(status, outcome.status);
     return ZString(outcome.result);
 }
 

@@ -1,5 +1,6 @@
 #include "scene/SceneLookup.h"
 
+#include "core/Wildcard.h"
 #include "graph/Graph.h"
 #include "graph/PlugParse.h"
 #include "graph/PlugRef.h"
@@ -7,7 +8,6 @@
 #include "nodes/DagHierarchy.h"
 #include "scene/CommandMessages.h"
 #include "scene/DefaultNodes.h"
-#include "scene/NamePattern.h"
 
 #include <algorithm>
 
@@ -40,10 +40,10 @@ bool resolveNodes(std::string_view command, const std::vector<std::string>& name
             continue;
         }
         bool matched = false;
-        if (isPattern(name)) {
+        if (hasWildcards(name)) {
             ensureDefaultNodes();
             for (const auto& node : Graph::instance().nodes())
-                if (matchesPattern(name, node->name.view())) {
+                if (matchesWildcard(name, node->name.view())) {
                     add(node.get());
                     matched = true;
                 }

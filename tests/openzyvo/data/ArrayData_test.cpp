@@ -129,3 +129,64 @@ TEST(ArrayAttrsData, ReferencesSurviveAddingOtherArrays) {
     position.append(ZVector(2, 0, 0));
     EXPECT_EQ(fn.getVectorData("position").length(), 2u);
 }
+
+// Every array kind keeps the same contract: its own data reads and writes through every accessor,
+// another kind's data fails each of them and leaves the caller's array as it was.
+template <class Fn, class Array> struct ArrayKind {
+    using FnType = Fn;
+    using ArrayType = Array;
+};
+
+template <class Kind> class ArrayDataKinds : public ::testing::Test {
+protected:
+    using Fn = typename Kind::FnType;
+    using Array = typename Kind::ArrayType;
+
+    static Array sample() {
+        Array values;
+        values.setLength(2);
+        return values;
+    }
+};
+
+using AllArrayKinds =
+    ::testing::Types<ArrayKind<ZFnIntArrayData, ZIntArray>, ArrayKind<ZFnDoubleArrayData, ZDoubleArray>,
+                     ArrayKind<ZFnVectorArrayData, ZVectorArray>, ArrayKind<ZFnPointArrayData, ZPointArray>,
+                     ArrayKind<ZFnStringArrayData, ZStringArray>>;
+TYPED_TEST_SUITE(ArrayDataKinds, AllArrayKinds);
+
+TYPED_TEST(ArrayDataKinds, OwnDataAnswersEveryAccessor) {
+    typename TestFixture::Fn fn;
+    ZStatus status;
+    const ZObject data = fn.create(&status);
+    ASSERT_TRUE(status);
+    EXPECT_EQ(fn.length(&status), 0u);
+    EXPECT_TRUE(status);
+
+    ASSERT_TRUE(fn.set(TestFixture::sample()));
+    typename TestFixture::Fn attached(data, &status);
+    ASSERT_TRUE(status);
+    EXPECT_EQ(attached.length(), 2u);
+    typename TestFixture::Array copy;
+    ASSERT_TRUE(attached.copyTo(copy));
+    EXPECT_EQ(copy, TestFixture::sample());
+    EXPECT_EQ(attached.array(&status).length(), 2u);
+    EXPECT_TRUE(status);
+}
+
+TYPED_TEST(ArrayDataKinds, OtherKindFailsEveryAccessorAndLeavesTheCallersArray) {
+    const ZObject text = ZFnStringData().create("not an array");
+    ZStatus status;
+    typename TestFixture::Fn fn(text, &status);
+    EXPECT_EQ(status, ZStatus::kInvalidParameter);
+    EXPECT_EQ(fn.length(&status), 0u);
+    EXPECT_EQ(status, ZStatus::kInvalidParameter);
+    EXPECT_EQ(fn.array(&status).length(), 0u);
+    EXPECT_EQ(status, ZStatus::kInvalidParameter);
+    EXPECT_EQ(fn.set(TestFixture::sample()), ZStatus::kInvalidParameter);
+
+    typename TestFixture::Array kept = TestFixture::sample();
+    EXPECT_EQ(fn.copyTo(kept), ZStatus::kInvalidParameter);
+    EXPECT_EQ(kept, TestFixture::sample());
+    EXPECT_EQ(ZFnStringData(text).string(), "not an array");
+}

@@ -206,3 +206,36 @@ TEST(MeshIterators, RefuseObjectsThatAreNotMeshes) {
     EXPECT_TRUE(geometry.allPositions(none));
     EXPECT_EQ(none.length(), 0u);
 }
+
+// Every mesh iterator walks the same way over its own kind of element.
+template <class It, int Count> struct IteratorKind {
+    using Iterator = It;
+    static constexpr int count = Count;
+};
+
+template <class Kind> class MeshIteratorCursor : public ::testing::Test {};
+
+using AllMeshIterators = ::testing::Types<IteratorKind<ZItGeometry, 8>, IteratorKind<ZItMeshVertex, 8>,
+                                          IteratorKind<ZItMeshEdge, 12>, IteratorKind<ZItMeshPolygon, 6>>;
+TYPED_TEST_SUITE(MeshIteratorCursor, AllMeshIterators);
+
+TYPED_TEST(MeshIteratorCursor, WalksToTheCountStaysThereAndResets) {
+    const ZObject cube = fixtures::cube();
+    typename TypeParam::Iterator it(cube);
+    ZStatus status;
+    EXPECT_EQ(it.count(&status), TypeParam::count);
+    EXPECT_TRUE(status);
+    int steps = 0;
+    for (; !it.isDone(); it.next())
+        EXPECT_EQ(it.index(), steps++);
+    EXPECT_EQ(steps, TypeParam::count);
+
+    EXPECT_TRUE(it.next()) << "next() at the end is harmless";
+    EXPECT_EQ(it.index(&status), TypeParam::count);
+    EXPECT_TRUE(status);
+    EXPECT_TRUE(it.isDone());
+
+    EXPECT_TRUE(it.reset());
+    EXPECT_EQ(it.index(), 0);
+    EXPECT_FALSE(it.isDone());
+}

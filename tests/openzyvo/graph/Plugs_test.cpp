@@ -114,3 +114,26 @@ TEST_F(Plugs, ConnectRefusesMismatchesAndTakenDestinations) {
     const std::string report = testing::internal::GetCapturedStderr();
     EXPECT_NE(report.find("already has an incoming connection"), std::string::npos) << report;
 }
+
+TEST_F(Plugs, GetValueFillsTheVariableOnlyWhenTheReadSucceeds) {
+    ZObject node = create("graphTestSummer");
+    ZPlug weight = plug(node, "groups[1].weight");
+    ASSERT_TRUE(weight.setValue(2.5));
+    double number = -1.0;
+    ASSERT_TRUE(weight.getValue(number));
+    EXPECT_EQ(number, 2.5);
+    float single = -1.0f;
+    ASSERT_TRUE(weight.getValue(single));
+    EXPECT_EQ(single, 2.5f);
+
+    ZPlug loose = plug(node, "weight");
+    number = -1.0;
+    EXPECT_FALSE(loose.getValue(number));
+    EXPECT_EQ(number, -1.0);
+    int whole = 7;
+    EXPECT_FALSE(ZPlug().getValue(whole));
+    EXPECT_EQ(whole, 7);
+    ZString text("kept");
+    EXPECT_FALSE(ZPlug().getValue(text));
+    EXPECT_EQ(text, "kept");
+}

@@ -1,12 +1,12 @@
-#include "scene/NamePattern.h"
+#include "core/Wildcard.h"
 
-namespace oz::scene {
+namespace oz {
 
-bool isPattern(std::string_view text) {
+bool hasWildcards(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
 }
 
-bool matchesPattern(std::string_view pattern, std::string_view name) {
+bool matchesWildcard(std::string_view pattern, std::string_view name) {
     // Greedy with one backtrack point: the last '*' seen takes one more
     // character whenever the rest fails to match, so the walk stays linear
     // in practice and never recurses.
@@ -31,4 +31,4 @@ bool matchesPattern(std::string_view pattern, std::string_view name) {
     return p == pattern.size();
 }
 
-} // namespace oz::scene
+} // namespace oz
