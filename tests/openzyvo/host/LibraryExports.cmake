@@ -10,6 +10,7 @@ endif()
 set(exported
     "ZGlobal::displayError(ZString const&)"  # a class of the API
     "operator<<(std::ostream&, ZString const&)" # a free function of the API
+    "operator==(ZPlug const&, ZObject const&)"  # a friend defined in the library
     "ZAnimControl::currentTime()"            # OpenZyvoAnim
     "typeinfo for ZPxNode"                   # what plug-ins derive from
     "ZHost::Session::Session("               # the host interface
