@@ -18,7 +18,8 @@ struct SessionOptions {
 };
 
 // One run of the runtime in a host program. There is one scene per process,
-// so a host makes one session, in main, and ends it before it exits.
+// so a host makes one session, in main, and ends it before it exits: not as
+// a static, which would end after parts of the runtime are gone.
 class OZ_API Session {
 public:
     explicit Session(const SessionOptions& options);

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <memory>
 #include <sstream>
 #include <unistd.h>
 
@@ -46,11 +47,15 @@ std::string readFile(const fs::path& file) {
     return text.str();
 }
 
-// One session for the program, as a host has; each test starts from an
-// empty scene and reads back only the errors it caused.
+// One session for the program, as a host has, ended while the runtime still
+// stands (a static session would end after parts of it); each test starts
+// from an empty scene and reads back only the errors it caused.
 class HostInterface : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { static ZHost::Session session(ZHost::SessionOptions{false, {}, {}}); }
+    static void SetUpTestSuite() {
+        s_session = std::make_unique<ZHost::Session>(ZHost::SessionOptions{false, {}, {}});
+    }
+    static void TearDownTestSuite() { s_session.reset(); }
 
     void SetUp() override {
         ASSERT_TRUE(ZFileIO::newFile(true));
@@ -72,8 +77,11 @@ protected:
     const fs::path m_folder = fs::temp_directory_path() / ("zyvo-host-" + std::to_string(::getpid()));
 
 private:
+    static std::unique_ptr<ZHost::Session> s_session;
     std::size_t m_errorsBefore = 0;
 };
+
+std::unique_ptr<ZHost::Session> HostInterface::s_session;
 
 TEST_F(HostInterface, ScriptErrorsSayWhereTheyStand) {
     EXPECT_FALSE(ZHost::runCommandScript("createNode transform -n a;\nnoSuchCommand 1;\n", false, "job.zys"));
