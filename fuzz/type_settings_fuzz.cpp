@@ -8,7 +8,6 @@
 // Bytes, each read as 0 once the input ends: font, style, switches,
 // alignment, curve resolution, divisions, then eight numbers (one byte, and
 // four more of float bits when that byte is 0xF0 or above), then the text.
-#include "commands/MessageLog.h"
 #include "textsource/HexText.h"
 
 #include <OpenZyvo/ZFileIO.h>
@@ -19,6 +18,7 @@
 #include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZPointArray.h>
+#include <OpenZyvoHost/ZHostMessages.h>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -91,7 +91,7 @@ void require(const ZStatus& status) {
 // would.
 ZFnDependencyNode& typeNode() {
     static ZFnDependencyNode node = [] {
-        oz::cmd::MessageLog::instance().setStreamOutput(false);
+        ZHost::showMessages(false);
         require(ZFileIO::newFile(true));
         require(ZGlobal::executeCommand("loadPlugin Type"));
         ZStatus status;

@@ -2,19 +2,15 @@
 
 #include "FrameRange.h"
 #include "NumberOption.h"
-#include "export/PreviewRenderer.h"
-#include "plugins/ApiVersion.h"
 
 #include <CLI/CLI.hpp>
-#include <OpenZyvo/ZApiVersion.h>
+#include <OpenZyvoHost/ZHostExport.h>
+#include <OpenZyvoHost/ZHostSession.h>
 #include <cmath>
 
 namespace zyvo {
 
 namespace {
-
-// Usage errors, as opposed to failures of the work itself (1).
-constexpr int kUsageError = 2;
 
 void addHostOptions(CLI::App& app, HostOptions& host) {
     auto* quiet = app.add_flag("-q,--quiet", host.quiet, "Show errors only");
@@ -94,8 +90,7 @@ void addExport(CLI::App& app, CommandLine& line) {
         ->add_option("--scene", line.scene, "Run this file first (a scene, command script or Python file)")
         ->check(CLI::ExistingFile)
         ->type_name("FILE");
-    const CLI::Validator previewSide =
-        wholeNumberFrom(oz::exporter::kMinPreviewSide, oz::exporter::kMaxPreviewSide);
+    const CLI::Validator previewSide = wholeNumberFrom(ZHost::minPreviewSide(), ZHost::maxPreviewSide());
     exporter->add_option("--width", request.previewSize.width, "Width of a PNG preview")
         ->check(previewSide)
         ->type_name("PIXELS");
@@ -110,7 +105,7 @@ void addExport(CLI::App& app, CommandLine& line) {
 std::optional<int> parseCommandLine(int argc, char** argv, CommandLine& line) {
     CLI::App app("The Zyvo host: loads plug-ins, runs scripts and scenes, and exports meshes.", "zyvo");
     app.set_version_flag("--version", std::string("zyvo ") + ZYVO_VERSION + " (OpenZyvo API " +
-                                          oz::plugins::formatApiVersion(OPENZYVO_API_VERSION) + ")");
+                                          ZHost::apiVersionText() + ")");
     app.require_subcommand(0, 1);
     app.fallthrough();
     addHostOptions(app, line.host);

@@ -2,6 +2,7 @@
 
 #include "FrameRange.h"
 #include "Host.h"
+#include "MeshExport.h"
 
 #include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvoAnim/ZAnimControl.h>
@@ -60,11 +61,11 @@ std::vector<std::string> filesAt(const ExportRequest& request, std::optional<lon
 }
 
 ZStatus exportFrame(const ExportRequest& request, std::optional<long> frame) {
-    oz::exporter::ExportScene scene;
-    if (const ZStatus status = gatherMesh(request.node, scene); !status)
+    ZHost::MeshScene scene;
+    if (const ZStatus status = ZHost::gatherMeshes({request.node}, scene); !status)
         return status;
     for (const std::string& file : filesAt(request, frame))
-        if (const ZStatus status = writeMesh(scene, file, request.previewSize); !status)
+        if (const ZStatus status = ZHost::writeMeshes(scene, file, request.previewSize); !status)
             return status;
     return ZStatus::kSuccess;
 }
@@ -85,7 +86,7 @@ ZStatus checkDistinctOutputs(const ExportRequest& request) {
 
 ZStatus checkExportRequest(const ExportRequest& request) {
     for (const std::string& output : request.outputs) {
-        if (!exportFormatOf(output)) {
+        if (!ZHost::meshFormatOf(output)) {
             reportError("Cannot export to " + output + ": use .obj, .stl, .glb or .png");
             return ZStatus::kInvalidParameter;
         }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "FrameRange.h"
-#include "MeshExport.h"
 
 #include <OpenZyvo/ZStatus.h>
+#include <OpenZyvoHost/ZHostExport.h>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +17,7 @@ struct ExportRequest {
     std::vector<std::string> outputs; // each .obj, .stl, .glb or .png
     std::optional<double> frame;      // one frame; the scene's current time when neither is given
     std::optional<FrameRange> frames; // several, with a frame number pattern in every output
-    PreviewSize previewSize;
+    ZHost::PreviewSize previewSize = ZHost::defaultPreviewSize();
 };
 
 // Checks the request before anything is evaluated: known formats, and a

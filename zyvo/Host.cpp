@@ -1,63 +1,46 @@
 #include "Host.h"
 
-#include "commands/MessageLog.h"
-#include "plugins/PluginRegistry.h"
-#include "plugins/RuntimeShutdown.h"
-#include "plugins/SearchPaths.h"
-#include "python/PythonRuntime.h"
-
-#include <algorithm>
+#include <OpenZyvo/ZGlobal.h>
+#include <OpenZyvoHost/ZHostMessages.h>
+#include <OpenZyvoHost/ZHostPlugins.h>
 #include <cstdio>
-#include <filesystem>
 
 namespace zyvo {
 
 namespace {
 
-oz::cmd::MessageLog& messageLog() {
-    return oz::cmd::MessageLog::instance();
+ZHost::SessionOptions sessionOptions(const HostOptions& options) {
+    ZHost::SessionOptions session;
+    // Quiet runs show their errors themselves (flushErrors), since the log
+    // streams everything or nothing.
+    session.showMessages = !options.quiet;
+    session.pluginFolders = options.pluginFolders;
+    session.scriptFolders = options.scriptFolders;
+    return session;
 }
 
 } // namespace
 
 Host::Host(const HostOptions& options)
-    : m_options(options) {
-    // Quiet runs show their errors themselves (flushErrors), since the log
-    // streams everything or nothing.
-    messageLog().setStreamOutput(!options.quiet);
-    auto& paths = oz::plugins::SearchPaths::instance();
-    for (const std::string& folder : options.pluginFolders)
-        paths.addPluginFolder(folder);
-    for (const std::string& folder : options.scriptFolders)
-        paths.addScriptFolder(folder);
-    // Scripts and Python code import from every script folder, not only
-    // plug-ins' own; the interpreter takes them when it starts.
-    for (const auto& folder : paths.scriptFolders())
-        if (std::error_code error; std::filesystem::is_directory(folder, error))
-            oz::python::addScriptFolder(folder.string());
-}
+    : m_options(options)
+    , m_session(sessionOptions(options)) {}
 
 Host::~Host() {
     shutdown();
     flushErrors();
-    oz::python::shutdown();
 }
 
 void Host::shutdown() {
-    if (m_shutDown)
-        return;
-    m_shutDown = true;
-    oz::plugins::shutdownRuntime();
+    m_session.shutdown();
 }
 
 ZStatus Host::loadPlugins() {
     for (const std::string& plugin : m_options.plugins) {
         std::string name;
-        if (const ZStatus status = oz::plugins::PluginRegistry::instance().load(plugin, name); !status)
+        if (const ZStatus status = ZHost::loadPlugin(plugin, &name); !status)
             return status;
         if (m_options.verbose)
-            info("Loaded plug-in " + name + " from " +
-                 oz::plugins::PluginRegistry::instance().find(name)->library.string());
+            info("Loaded plug-in " + name + " from " + ZHost::pluginLibrary(name));
     }
     return ZStatus::kSuccess;
 }
@@ -67,22 +50,25 @@ void Host::info(const std::string& text) const {
         std::fprintf(stdout, "%s\n", text.c_str());
 }
 
+void Host::refuseOption(const std::string& option, const std::string& why) {
+    ZGlobal::displayError(ZString(option + ": " + why));
+    m_optionRefused = true;
+}
+
 void Host::flushErrors() {
-    const std::size_t count = messageLog().errorCount();
-    if (m_options.quiet && count > m_errorsShown) {
-        const auto errors = messageLog().texts(oz::cmd::MessageLog::Kind::Error);
-        const std::size_t fresh = std::min(count - m_errorsShown, errors.size());
-        for (std::size_t i = errors.size() - fresh; i < errors.size(); ++i)
-            std::fprintf(stderr, "// Error: %s\n", errors[i].c_str());
-    }
-    m_errorsShown = count;
+    if (m_options.quiet)
+        for (const std::string& error : ZHost::errorsSince(m_errorsShown))
+            std::fprintf(stderr, "// Error: %s\n", error.c_str());
+    m_errorsShown = ZHost::errorCount();
     std::fflush(stdout);
     std::fflush(stderr);
 }
 
 int Host::exitCode(ZStatus status) {
     flushErrors();
-    return status && messageLog().errorCount() == 0 ? 0 : 1;
+    if (m_optionRefused)
+        return kUsageError;
+    return status && ZHost::errorCount() == 0 ? 0 : 1;
 }
 
 } // namespace zyvo

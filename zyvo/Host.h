@@ -1,11 +1,15 @@
 #pragma once
 
 #include <OpenZyvo/ZStatus.h>
+#include <OpenZyvoHost/ZHostSession.h>
 #include <cstddef>
 #include <string>
 #include <vector>
 
 namespace zyvo {
+
+// The exit code of a usage error, as opposed to a failure of the work itself (1).
+inline constexpr int kUsageError = 2;
 
 struct HostOptions {
     bool quiet = false;   // errors only
@@ -30,7 +34,7 @@ public:
     // first that fails.
     ZStatus loadPlugins();
 
-    // Ends the scene and unloads the plug-ins (see shutdownRuntime); what
+    // Ends the scene and unloads the plug-ins (see ZHost::Session); what
     // fails there counts in the exit code. Done at the latest when the host
     // goes, before the interpreter stops.
     void shutdown();
@@ -38,15 +42,22 @@ public:
     // A note for the user, unless quiet.
     void info(const std::string& text) const;
 
+    // Refuses an option's value that only the runtime can check, such as a
+    // bound the plug-in sets: an error naming the option, and the run ends
+    // as a usage error does.
+    void refuseOption(const std::string& option, const std::string& why);
+
     // Shows the errors held back while quiet.
     void flushErrors();
-    // 0 when `status` succeeded and no error was reported, else 1.
+    // 0 when `status` succeeded and no error was reported, kUsageError after
+    // a refused option, else 1.
     int exitCode(ZStatus status);
 
 private:
     HostOptions m_options;
+    ZHost::Session m_session;
     std::size_t m_errorsShown = 0;
-    bool m_shutDown = false;
+    bool m_optionRefused = false;
 };
 
 } // namespace zyvo

@@ -1,5 +1,6 @@
 #include "NumberOption.h"
 
+#include <climits>
 #include <cmath>
 #include <sstream>
 
@@ -16,27 +17,39 @@ template <typename Number> std::string written(Number value) {
 
 // The option's own conversion reads the value the same way, so what passes
 // here is what the option holds.
-template <typename Number> CLI::Validator within(Number min, Number max, const std::string& kind) {
-    const std::string range = "from " + written(min) + " to " + written(max);
+template <typename Number> std::string rangeText(Number min, Number max) {
+    return "from " + written(min) + " to " + written(max);
+}
+
+template <typename Number>
+CLI::Validator within(Number min, Number max, const std::string& expected, const std::string& description) {
     return CLI::Validator(
-        [min, max, expected = "expected " + kind + " " + range](std::string& text) -> std::string {
+        [min, max, expected](std::string& text) -> std::string {
             Number value = 0;
             if (!CLI::detail::lexical_cast(text, value) || !std::isfinite(static_cast<double>(value)) ||
                 value < min || value > max)
                 return expected + ", got " + text;
             return {};
         },
-        range);
+        description);
 }
 
 } // namespace
 
 CLI::Validator numberFrom(double min, double max) {
-    return within(min, max, "a number");
+    return within(min, max, "expected a number " + rangeText(min, max), rangeText(min, max));
 }
 
 CLI::Validator wholeNumberFrom(long min, long max) {
-    return within(min, max, "a whole number");
+    return within(min, max, "expected a whole number " + rangeText(min, max), rangeText(min, max));
+}
+
+CLI::Validator wholeNumber() {
+    return within<long>(INT_MIN, INT_MAX, "expected a whole number", "");
+}
+
+std::string wholeNumberRefusal(long min, long max, const std::string& given) {
+    return "expected a whole number " + rangeText(min, max) + ", got " + given;
 }
 
 } // namespace zyvo

@@ -11,4 +11,11 @@ namespace zyvo {
 CLI::Validator numberFrom(double min, double max);
 CLI::Validator wholeNumberFrom(long min, long max);
 
+// Any whole number an int holds, for options whose bounds are only known
+// once the runtime runs; those refuse with wholeNumberRefusal.
+CLI::Validator wholeNumber();
+
+// "expected a whole number from 1 to 100, got 0", as the checks above say it.
+std::string wholeNumberRefusal(long min, long max, const std::string& given);
+
 } // namespace zyvo

@@ -1,21 +1,23 @@
 #include "TextCommand.h"
 
+#include "EnumFields.h"
 #include "FontChoice.h"
 #include "Host.h"
+#include "MeshExport.h"
 #include "NumberOption.h"
-#include "plugins/PluginRegistry.h"
 
 #include <CLI/CLI.hpp>
+#include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZFnDependencyNode.h>
 #include <OpenZyvo/ZFnStringArrayData.h>
 #include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZSelectionList.h>
 #include <OpenZyvo/ZStringArray.h>
+#include <OpenZyvoHost/ZHostPlugins.h>
 #include <algorithm>
 #include <cstdio>
 #include <initializer_list>
-#include <map>
 
 namespace zyvo {
 
@@ -23,6 +25,7 @@ namespace {
 
 constexpr char kPlugin[] = "Type";
 constexpr char kCreateText[] = "typeCreateText";
+constexpr char kTypeNode[] = "type";
 // The flat text gets a shape of its own: the text object's shape shows the
 // extruded, deformed solid.
 constexpr char kFlatTransform[] = "flatText";
@@ -34,16 +37,13 @@ constexpr char kDefaultFont[] = "Liberation Serif";
 constexpr char kDefaultStyle[] = "Italic";
 
 // What the options accept: sizes a scene can hold, spacings and scales well
-// past any layout a user asks for, the node's own curve resolutions.
+// past any layout a user asks for. The alignments and curve resolutions are
+// the type node's own, asked of it once the plug-in is loaded.
 constexpr double kMinSize = 0.001;
 constexpr double kMaxSize = 100000;
 constexpr double kMinTracking = -100; // letters on top of each other
 constexpr double kMaxTracking = 1000;
 constexpr double kMaxScale = 100; // kerning, leading and space width, either sign
-constexpr long kMaxCurveResolution = 100;
-
-// The values of the type node's "alignmentMode".
-const std::map<std::string, short> kAlignments{{"left", 1}, {"centre", 2}, {"center", 2}, {"right", 3}};
 
 void reportError(const std::string& text) {
     ZGlobal::displayError(ZString(text));
@@ -61,8 +61,8 @@ std::string hexText(const std::string& text) {
     return hex;
 }
 
-bool hasFormat(const std::string& file, std::initializer_list<ExportFormat> formats) {
-    const auto format = exportFormatOf(file);
+bool hasFormat(const std::string& file, std::initializer_list<ZHost::MeshFormat> formats) {
+    const auto format = ZHost::meshFormatOf(file);
     return format && std::find(formats.begin(), formats.end(), *format) != formats.end();
 }
 
@@ -70,23 +70,79 @@ ZStatus checkFiles(const TextRequest& request) {
     if (const ZStatus status = checkDistinctFiles(request.outputs); !status)
         return status;
     for (const std::string& output : request.outputs) {
-        if (!hasFormat(output, {ExportFormat::Obj, ExportFormat::Stl, ExportFormat::Glb})) {
+        if (!hasFormat(output, {ZHost::MeshFormat::Obj, ZHost::MeshFormat::Stl, ZHost::MeshFormat::Glb})) {
             reportError("Cannot write the text to " + output + ": use .obj, .stl or .glb");
             return ZStatus::kInvalidParameter;
         }
     }
-    if (!request.preview.empty() && !hasFormat(request.preview, {ExportFormat::Png})) {
+    if (!request.preview.empty() && !hasFormat(request.preview, {ZHost::MeshFormat::Png})) {
         reportError("A preview is a .png file, not " + request.preview);
         return ZStatus::kInvalidParameter;
     }
     return ZStatus::kSuccess;
 }
 
+// What the type node's schema says of an attribute, asked of the node type
+// with the query scripts use.
+template <typename Result> ZStatus askTypeNode(const char* query, const char* attribute, Result& result) {
+    return ZGlobal::executeCommand(
+        ZString(std::string("attributeQuery -type ") + kTypeNode + " " + query + " " + attribute), result);
+}
+
+// The value of the alignment the user named, among the type node's own.
+ZStatus alignmentValue(const std::string& name, Host& host, std::optional<short>& value) {
+    ZStringArray listed;
+    if (const ZStatus status = askTypeNode("-listEnum", "alignmentMode", listed); !status)
+        return status;
+    const auto fields = listed.length() == 1 ? parseEnumFields(listed[0].asStdString()) : std::nullopt;
+    if (!fields) {
+        reportError("The type node's alignments cannot be read");
+        return ZStatus::kFailure;
+    }
+    const EnumField* field = findField(*fields, name);
+    // The American spelling names the same alignment.
+    if (!field && sameFieldName(name, "center"))
+        field = findField(*fields, "centre");
+    if (!field) {
+        host.refuseOption("--align", "expected " + fieldChoices(*fields) + ", got " + name);
+        return ZStatus::kInvalidParameter;
+    }
+    value = field->value;
+    return ZStatus::kSuccess;
+}
+
+ZStatus checkCurveResolution(int resolution, Host& host) {
+    ZDoubleArray min;
+    ZDoubleArray max;
+    ZStatus status = askTypeNode("-minimum", "curveResolution", min);
+    if (status)
+        status = askTypeNode("-maximum", "curveResolution", max);
+    if (!status || min.length() != 1 || max.length() != 1) {
+        reportError("The type node's curve resolutions cannot be read");
+        return status ? ZStatus::kFailure : status;
+    }
+    if (resolution < min[0] || resolution > max[0]) {
+        host.refuseOption("--curve-resolution",
+                          wholeNumberRefusal(static_cast<long>(min[0]), static_cast<long>(max[0]),
+                                             std::to_string(resolution)));
+        return ZStatus::kInvalidParameter;
+    }
+    return ZStatus::kSuccess;
+}
+
+// The settings only the type node can check; `alignment` gets the value of
+// the one asked for.
+ZStatus checkNodeSettings(const TextRequest& request, Host& host, std::optional<short>& alignment) {
+    if (request.alignment)
+        if (const ZStatus status = alignmentValue(*request.alignment, host, alignment); !status)
+            return status;
+    if (request.curveResolution)
+        return checkCurveResolution(*request.curveResolution, host);
+    return ZStatus::kSuccess;
+}
+
 ZStatus loadTypePlugin() {
-    if (oz::plugins::PluginRegistry::instance().find(kPlugin))
-        return ZStatus::kSuccess;
-    std::string name;
-    return oz::plugins::PluginRegistry::instance().load(kPlugin, name);
+    return ZHost::isPluginLoaded(kPlugin) ? ZStatus::kSuccess : ZHost::loadPlugin(kPlugin);
 }
 
 // The type node of a new text object, made by the plug-in's procedure.
@@ -139,7 +195,7 @@ private:
     ZStatus m_status;
 };
 
-ZStatus applySettings(const TextRequest& request, const ZObject& typeNode) {
+ZStatus applySettings(const TextRequest& request, std::optional<short> alignment, const ZObject& typeNode) {
     TypeSettings settings(typeNode);
     if (request.text)
         settings.set("textInput", ZString(hexText(*request.text)));
@@ -151,8 +207,7 @@ ZStatus applySettings(const TextRequest& request, const ZObject& typeNode) {
     settings.set("kerningScale", asFloat(request.kerning));
     settings.set("leadingScale", asFloat(request.leading));
     settings.set("spaceWidthScale", asFloat(request.spaceWidth));
-    if (request.alignment)
-        settings.set("alignmentMode", kAlignments.at(*request.alignment));
+    settings.set("alignmentMode", alignment);
     settings.set("curveResolution", request.curveResolution);
     return settings.status();
 }
@@ -257,11 +312,11 @@ void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> c
     text->add_option("--space-width", request.spaceWidth, "Scale of the width of a space")
         ->check(scale)
         ->type_name("W");
-    text->add_option("--align", request.alignment, "Alignment of the lines")
-        ->transform(CLI::IsMember(kAlignments, CLI::ignore_case).description(""))
-        ->type_name("left|centre|right");
-    text->add_option("--curve-resolution", request.curveResolution, "Straight segments per curve")
-        ->check(wholeNumberFrom(1, kMaxCurveResolution))
+    text->add_option("--align", request.alignment, "Alignment of the lines, one of the type node's")
+        ->type_name("ALIGNMENT");
+    text->add_option("--curve-resolution", request.curveResolution,
+                     "Straight segments per curve, within the type node's limits")
+        ->check(wholeNumber())
         ->type_name("N");
     // One file per flag, so that the text after "-o a.obj" stays the text.
     text->add_option("-o,--output", request.outputs,
@@ -282,11 +337,14 @@ ZStatus runText(const TextRequest& request, Host& host) {
         return status;
     if (const ZStatus status = loadTypePlugin(); !status)
         return status;
+    std::optional<short> alignment;
+    if (const ZStatus status = checkNodeSettings(request, host, alignment); !status)
+        return status;
     ZObject typeNode;
     ZString typeName;
     if (const ZStatus status = createTextObject(typeNode, typeName); !status)
         return status;
-    if (const ZStatus status = applySettings(request, typeNode); !status)
+    if (const ZStatus status = applySettings(request, alignment, typeNode); !status)
         return status;
     if (const ZStatus status = chooseFace(request, typeNode); !status)
         return status;
@@ -295,14 +353,14 @@ ZStatus runText(const TextRequest& request, Host& host) {
     if (const ZStatus status = showFlatText(typeName); !status)
         return status;
 
-    oz::exporter::ExportScene scene;
-    if (const ZStatus status = gatherMesh(kFlatShape, scene); !status)
+    ZHost::MeshScene scene;
+    if (const ZStatus status = ZHost::gatherMeshes({kFlatShape}, scene); !status)
         return status;
     std::vector<std::string> files = request.outputs;
     if (!request.preview.empty())
         files.push_back(request.preview);
     for (const std::string& file : files) {
-        if (const ZStatus status = writeMesh(scene, file, request.previewSize); !status)
+        if (const ZStatus status = ZHost::writeMeshes(scene, file, request.previewSize); !status)
             return status;
         host.info("Wrote " + file);
     }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "MeshExport.h"
-
 #include <OpenZyvo/ZStatus.h>
+#include <OpenZyvoHost/ZHostExport.h>
 #include <functional>
 #include <optional>
 #include <string>
@@ -29,21 +28,22 @@ struct TextRequest {
     std::optional<double> kerning;
     std::optional<double> leading;
     std::optional<double> spaceWidth;
-    // "left", "centre" (or "center") or "right", in any case.
+    // One of the type node's alignments, in any case ("center" is "centre").
     std::optional<std::string> alignment;
     std::optional<int> curveResolution;
     std::vector<std::string> outputs; // .obj, .stl, .glb
     std::string preview;              // .png
-    PreviewSize previewSize;
+    ZHost::PreviewSize previewSize = ZHost::defaultPreviewSize();
     bool listFonts = false; // list the catalogue instead
 };
 
 // Adds the "text" subcommand; `chosen` runs once the user picked it.
 void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> chosen);
 
-// Loads the Type plug-in, builds a text object with the plug-in's own
-// procedure, sets the request's settings on its type node, and writes the
-// type node's flat text mesh through a mesh shape of its own.
+// Loads the Type plug-in, checks the settings whose bounds the type node
+// sets, builds a text object with the plug-in's own procedure, sets the
+// request's settings on its type node, and writes the type node's flat text
+// mesh through a mesh shape of its own.
 ZStatus runText(const TextRequest& request, Host& host);
 
 // Prints the font families and their styles as the Type plug-in's type node

@@ -5,6 +5,7 @@
 #include "ScriptRunner.h"
 
 #include <OpenZyvo/ZGlobal.h>
+#include <OpenZyvoHost/ZHostScripts.h>
 
 namespace {
 
@@ -14,7 +15,7 @@ ZStatus perform(const zyvo::CommandLine& line, zyvo::Host& host) {
     case Action::Run:
         return zyvo::runFile(line.file, host.options().verbose);
     case Action::Python:
-        return line.code.empty() ? zyvo::runPythonFile(line.file, line.scriptArgs)
+        return line.code.empty() ? ZHost::runPythonFile(line.file, line.scriptArgs)
                                  : zyvo::runPythonCode(line.code);
     case Action::Export:
         if (const ZStatus checked = zyvo::checkExportRequest(line.exportRequest); !checked)

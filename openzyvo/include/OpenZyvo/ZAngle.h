@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 
 // An angle in a unit. The graph stores angles in radians.
-class ZAngle {
+class OZ_API ZAngle {
 public:
     enum Unit { kInvalid = 0, kRadians, kDegrees, kAngMinutes, kAngSeconds, kLast };
 

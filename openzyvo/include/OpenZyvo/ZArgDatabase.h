@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArgParser.h>
 
 // The parsed arguments of a command, the form commands read their flags and
@@ -8,7 +9,7 @@
 //     ZStatus status;
 //     ZArgDatabase args(syntax(), argList, &status);
 //     if (!status) ...
-class ZArgDatabase : public ZArgParser {
+class OZ_API ZArgDatabase : public ZArgParser {
 public:
     using ZArgParser::ZArgParser;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZStatus.h>
@@ -16,7 +17,7 @@ struct ArgListData;
 // flags ("-name") and values (booleans, numbers, strings and arrays of them).
 // A string value that happens to start with a dash is still a value, never a
 // flag. Commands normally read their arguments through ZArgDatabase.
-class ZArgList {
+class OZ_API ZArgList {
 public:
     static constexpr unsigned int kInvalidArgIndex = 0xFFFFFFFFu;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArgList.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
@@ -15,7 +16,7 @@ struct ParsedArguments;
 // value; a list that does not fit is reported with displayError and leaves
 // the parser empty with kInvalidParameter in `status`. Flags may be named by
 // their short or long form, with or without the dash.
-class ZArgParser {
+class OZ_API ZArgParser {
 public:
     ZArgParser();
     ZArgParser(const ZSyntax& syntax, const ZArgList& args, ZStatus* status = nullptr);

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 #include <algorithm>
 #include <initializer_list>
 #include <vector>
 
 // The value array behind the API's typed arrays (ZIntArray, ZPointArray, ...).
-template <typename T> class ZArray {
+template <typename T> class OZ_API ZArray {
 public:
     ZArray() = default;
     explicit ZArray(unsigned int count, const T& initial = T())

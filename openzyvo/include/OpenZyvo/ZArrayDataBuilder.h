@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDataHandle.h>
 #include <memory>
 
@@ -12,7 +13,7 @@ struct BuilderAccess;
 
 // Builds the elements of an array value away from the data block; hand it to
 // ZArrayDataHandle::set() to install them. Copies share their elements.
-class ZArrayDataBuilder {
+class OZ_API ZArrayDataBuilder {
 public:
     ZArrayDataBuilder() = default;
     // `initialSize` reserves room; it adds no elements.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArrayDataBuilder.h>
 #include <OpenZyvo/ZDataHandle.h>
 
@@ -9,7 +10,7 @@ struct ArrayHandleAccess;
 
 // The elements of an array value in a data block, visited one at a time.
 // Elements are sparse: their logical indices need not be contiguous.
-class ZArrayDataHandle {
+class OZ_API ZArrayDataHandle {
 public:
     ZArrayDataHandle() = default;
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZPoint.h>
 
 class ZMatrix;
 
 // An axis-aligned box. A new box is empty; its corners then read as the origin.
-class ZBoundingBox {
+class OZ_API ZBoundingBox {
 public:
     ZBoundingBox() = default;
     ZBoundingBox(const ZPoint& corner1, const ZPoint& corner2);

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZTypes.h>
 
-class ZCallbackIdArray : public ZArray<ZCallbackId> {
+class OZ_API ZCallbackIdArray : public ZArray<ZCallbackId> {
 public:
     using ZArray::ZArray;
 };

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
+
 // An RGBA colour with float components in 0..1.
-class ZColor {
+class OZ_API ZColor {
 public:
     float r = 0.0f, g = 0.0f, b = 0.0f, a = 1.0f;
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZColor.h>
 
-class ZColorArray : public ZArray<ZColor> {
+class OZ_API ZColorArray : public ZArray<ZColor> {
 public:
     using ZArray::ZArray;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZStatus.h>
@@ -14,7 +15,7 @@ struct CommandResultData;
 
 // The result of a command run through ZGlobal::executeCommand. Booleans read
 // as ints, as the host reports them.
-class ZCommandResult {
+class OZ_API ZCommandResult {
 public:
     enum Type {
         kInvalid, // no result

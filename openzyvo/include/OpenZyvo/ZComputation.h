@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
 
 // A long computation the user may interrupt. Between begin and end, code
 // polls isInterruptRequested() and stops early when it returns true.
-class ZComputation {
+class OZ_API ZComputation {
 public:
     ZComputation() = default;
     ~ZComputation();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZPlug.h>
 
 class ZDoubleArray;
@@ -11,7 +12,7 @@ class ZIntArray;
 // piecewise-linear curve through its points sorted by position, held constant
 // beyond the first and last point. Reads evaluate the plugs in the current
 // context.
-class ZCurveAttribute {
+class OZ_API ZCurveAttribute {
 public:
     ZCurveAttribute() = default;
     explicit ZCurveAttribute(const ZPlug& plug, ZStatus* status = nullptr);

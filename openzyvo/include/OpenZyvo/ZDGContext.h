@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZTime.h>
 
 // What the graph is evaluated for: the normal context (the scene's current
 // time, with its cache) or another time. Evaluation in another context never
 // changes the values cached for the normal one.
-class ZDGContext {
+class OZ_API ZDGContext {
 public:
     // The normal context.
     ZDGContext() = default;

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDGContext.h>
 
 // Makes a context current on this thread for its lifetime and then restores
 // the one that was current before. Plug reads inside evaluate in it.
-class ZDGContextGuard {
+class OZ_API ZDGContextGuard {
 public:
     explicit ZDGContextGuard(const ZDGContext& context);
     ~ZDGContextGuard();

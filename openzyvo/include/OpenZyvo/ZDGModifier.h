@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenZyvo/ZAngle.h>
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDistance.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
@@ -23,7 +24,7 @@ struct ModifierState;
 // Queuing checks what it can at once (null plugs, kinds that cannot connect,
 // a destination that already has a source and no queued disconnect); doIt()
 // checks again against the graph as it is then.
-class ZDGModifier {
+class OZ_API ZDGModifier {
 public:
     ZDGModifier();
     virtual ~ZDGModifier();

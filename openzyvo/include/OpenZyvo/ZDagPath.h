@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZMatrix.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
@@ -8,7 +9,7 @@
 
 // A path from the top of the DAG down to one node: the transforms above it, then the node. A
 // path stays what it was made as; after nodes were reparented or deleted it is no longer valid.
-class ZDagPath {
+class OZ_API ZDagPath {
 public:
     ZDagPath() = default;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArrayDataHandle.h>
 #include <OpenZyvo/ZDGContext.h>
 #include <OpenZyvo/ZDataHandle.h>
@@ -15,7 +16,7 @@ struct BlockAccess;
 // inputValue() evaluates what it reads (a connected input reads its source
 // first); outputValue() hands out storage to write without evaluating. A
 // plug left dirty after compute() is computed again at its next read.
-class ZDataBlock {
+class OZ_API ZDataBlock {
 public:
     ZDataHandle inputValue(const ZPlug& plug, ZStatus* status = nullptr);
     ZDataHandle inputValue(const ZObject& attribute, ZStatus* status = nullptr);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenZyvo/ZAngle.h>
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDistance.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZFnNumericData.h>
@@ -20,7 +21,7 @@ struct HandleAccess;
 
 // One value in a data block, for reading or writing during compute().
 // Setting a data object stores that object (no copy); copy() clones.
-class ZDataHandle {
+class OZ_API ZDataHandle {
 public:
     ZDataHandle() = default;
 

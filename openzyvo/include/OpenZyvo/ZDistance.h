@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 
 // A length in a unit. The graph stores lengths in centimetres.
-class ZDistance {
+class OZ_API ZDistance {
 public:
     enum Unit {
         kInvalid = 0,

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 
-class ZDoubleArray : public ZArray<double> {
+class OZ_API ZDoubleArray : public ZArray<double> {
 public:
     using ZArray::ZArray;
 };

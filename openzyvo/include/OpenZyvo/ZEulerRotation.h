@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZVector.h>
 
 class ZMatrix;
@@ -7,7 +8,7 @@ class ZQuaternion;
 
 // Rotation angles in radians about X, Y and Z, applied in the given order
 // (kXYZ: first about X, then Y, then Z, all about fixed axes).
-class ZEulerRotation {
+class OZ_API ZEulerRotation {
 public:
     enum RotationOrder { kXYZ = 0, kYZX, kZXY, kXZY, kYXZ, kZYX };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
 
@@ -13,7 +14,7 @@ struct EvaluationNodeAccess;
 
 // A node about to be evaluated, with the plugs dirtied since it was last
 // evaluated. Handed to ZPxNode::preEvaluation().
-class ZEvaluationNode {
+class OZ_API ZEvaluationNode {
 public:
     ZObject dependencyNode(ZStatus* status = nullptr) const;
     // Whether a plug of `attribute` is dirty, directly or through a compound

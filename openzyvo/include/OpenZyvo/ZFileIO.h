@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
 
@@ -12,7 +13,7 @@
 // in a file (unknown node types, bad values, missing connection ends,
 // syntax errors, a truncated end) are reported with their line as errors in
 // the message log; everything sound in the file is still loaded.
-class ZFileIO {
+class OZ_API ZFileIO {
 public:
     // The version files written now carry.
     static int latestFileVersion();

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 
-class ZFloatArray : public ZArray<float> {
+class OZ_API ZFloatArray : public ZArray<float> {
 public:
     using ZArray::ZArray;
 };

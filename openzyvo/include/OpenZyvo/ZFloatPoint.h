@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <cmath>
 
 class ZPoint;
 
 // A homogeneous 3-D position in single precision.
-class ZFloatPoint {
+class OZ_API ZFloatPoint {
 public:
     float x = 0.0f, y = 0.0f, z = 0.0f, w = 1.0f;
 

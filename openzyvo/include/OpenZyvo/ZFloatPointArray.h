@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZFloatPoint.h>
 
-class ZFloatPointArray : public ZArray<ZFloatPoint> {
+class OZ_API ZFloatPointArray : public ZArray<ZFloatPoint> {
 public:
     using ZArray::ZArray;
 };

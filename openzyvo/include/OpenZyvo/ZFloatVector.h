@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <cmath>
 
 class ZVector;
 
 // A 3-D direction in single precision.
-class ZFloatVector {
+class OZ_API ZFloatVector {
 public:
     float x = 0.0f, y = 0.0f, z = 0.0f;
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZFloatVector.h>
 
-class ZFloatVectorArray : public ZArray<ZFloatVector> {
+class OZ_API ZFloatVectorArray : public ZArray<ZFloatVector> {
 public:
     using ZArray::ZArray;
 };

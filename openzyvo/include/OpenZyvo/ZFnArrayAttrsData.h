@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZIntArray.h>
@@ -9,7 +10,7 @@
 
 // Function set of array-attributes data: arrays of vectors, doubles, ints or strings, each under
 // a name that is unique across kinds.
-class ZFnArrayAttrsData : public ZFnData {
+class OZ_API ZFnArrayAttrsData : public ZFnData {
 public:
     enum Type { kInvalidArray = 0, kVectorArray, kDoubleArray, kIntArray, kStringArray };
 

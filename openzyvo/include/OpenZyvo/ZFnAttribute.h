@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnBase.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZString.h>
@@ -10,7 +11,7 @@
 // readable, writable, connectable, storable, cached; not keyable, hidden,
 // array or dynamic. The array flag is fixed once the attribute is added to a
 // node type or a node.
-class ZFnAttribute : public ZFnBase {
+class OZ_API ZFnAttribute : public ZFnBase {
 public:
     ZFnAttribute() = default;
     explicit ZFnAttribute(const ZObject& attribute, ZStatus* status = nullptr);

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
 
 // Base of every function set. A function set operates on one ZObject of a
 // compatible kind; it is empty (and its calls fail) until given one.
-class ZFnBase {
+class OZ_API ZFnBase {
 public:
     ZFnBase() = default;
     virtual ~ZFnBase() = default;

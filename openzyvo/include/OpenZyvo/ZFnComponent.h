@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnBase.h>
 
 // Base function set of components: sets of mesh elements (vertices, edges or faces).
-class ZFnComponent : public ZFnBase {
+class OZ_API ZFnComponent : public ZFnBase {
 public:
     ZFnComponent() = default;
     explicit ZFnComponent(const ZObject& object, ZStatus* status = nullptr);

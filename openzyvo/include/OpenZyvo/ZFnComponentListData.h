@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 
 // Function set of component-list data: an ordered list of components. The list stores copies:
 // changing a component after adding it, or one read back with operator[], leaves the list as it
 // was.
-class ZFnComponentListData : public ZFnData {
+class OZ_API ZFnComponentListData : public ZFnData {
 public:
     ZFnComponentListData() = default;
     explicit ZFnComponentListData(const ZObject& object, ZStatus* status = nullptr);

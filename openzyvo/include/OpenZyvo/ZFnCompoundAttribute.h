@@ -1,10 +1,11 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnAttribute.h>
 
 // Function set of compound attributes: a group of child attributes that
 // connect, save and dirty as one.
-class ZFnCompoundAttribute : public ZFnAttribute {
+class OZ_API ZFnCompoundAttribute : public ZFnAttribute {
 public:
     ZFnCompoundAttribute() = default;
     explicit ZFnCompoundAttribute(const ZObject& attribute, ZStatus* status = nullptr);

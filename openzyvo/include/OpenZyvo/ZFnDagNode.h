@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDagPath.h>
 #include <OpenZyvo/ZFnDependencyNode.h>
 #include <OpenZyvo/ZMatrix.h>
 
 // Function set of DAG nodes: transforms, shapes and locators, which have a parent and children.
-class ZFnDagNode : public ZFnDependencyNode {
+class OZ_API ZFnDagNode : public ZFnDependencyNode {
 public:
     ZFnDagNode() = default;
     explicit ZFnDagNode(const ZObject& node, ZStatus* status = nullptr);

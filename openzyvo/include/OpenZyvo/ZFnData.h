@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnBase.h>
 
 // Base function set of data values (the contents of typed attributes).
-class ZFnData : public ZFnBase {
+class OZ_API ZFnData : public ZFnBase {
 public:
     enum Type {
         kInvalid = 0,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnBase.h>
 #include <OpenZyvo/ZString.h>
 #include <OpenZyvo/ZTypeId.h>
@@ -10,7 +11,7 @@ class ZPxNode;
 class ZObjectArray;
 
 // Function set of dependency nodes: creation, names, attributes and plugs.
-class ZFnDependencyNode : public ZFnBase {
+class OZ_API ZFnDependencyNode : public ZFnBase {
 public:
     ZFnDependencyNode() = default;
     explicit ZFnDependencyNode(const ZObject& node, ZStatus* status = nullptr);

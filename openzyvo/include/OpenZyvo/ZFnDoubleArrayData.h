@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZFnData.h>
 
 // Function set of double-array data. array() refers into the data itself: edits through it change
 // the data, and the reference stays valid while the function set or another handle keeps the
 // object.
-class ZFnDoubleArrayData : public ZFnData {
+class OZ_API ZFnDoubleArrayData : public ZFnData {
 public:
     ZFnDoubleArrayData() = default;
     explicit ZFnDoubleArrayData(const ZObject& object, ZStatus* status = nullptr);

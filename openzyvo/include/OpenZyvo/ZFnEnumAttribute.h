@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnAttribute.h>
 
 class ZStringArray;
@@ -8,7 +9,7 @@ class ZIntArray;
 // Function set of enumerations: named fields with short values, which need
 // not start at 0 or be contiguous. Setting a plug to a value that is no field
 // fails with kInvalidParameter and leaves the plug as it was.
-class ZFnEnumAttribute : public ZFnAttribute {
+class OZ_API ZFnEnumAttribute : public ZFnAttribute {
 public:
     ZFnEnumAttribute() = default;
     explicit ZFnEnumAttribute(const ZObject& attribute, ZStatus* status = nullptr);

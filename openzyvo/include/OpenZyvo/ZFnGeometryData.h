@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 
 // Function set of geometry data, for the object groups the data carries: subsets of the geometry
@@ -8,7 +9,7 @@
 //
 // A group's component is a set of elements of the geometry; members must exist in it when they
 // are set. Components go in and come out as copies: change one and set it again to change a group.
-class ZFnGeometryData : public ZFnData {
+class OZ_API ZFnGeometryData : public ZFnData {
 public:
     ZFnGeometryData() = default;
     explicit ZFnGeometryData(const ZObject& object, ZStatus* status = nullptr);

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZIntArray.h>
 
 // Function set of int-array data. array() refers into the data itself: edits through it change
 // the data, and the reference stays valid while the function set or another handle keeps the
 // object.
-class ZFnIntArrayData : public ZFnData {
+class OZ_API ZFnIntArrayData : public ZFnData {
 public:
     ZFnIntArrayData() = default;
     explicit ZFnIntArrayData(const ZObject& object, ZStatus* status = nullptr);

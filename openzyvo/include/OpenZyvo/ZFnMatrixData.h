@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZMatrix.h>
 
 // Function set of matrix data: the value of matrix attributes such as a transform's `matrix`
 // and `worldMatrix`.
-class ZFnMatrixData : public ZFnData {
+class OZ_API ZFnMatrixData : public ZFnData {
 public:
     ZFnMatrixData() = default;
     explicit ZFnMatrixData(const ZObject& object, ZStatus* status = nullptr);

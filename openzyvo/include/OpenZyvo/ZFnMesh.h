@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZColor.h>
 #include <OpenZyvo/ZColorArray.h>
 #include <OpenZyvo/ZFloatArray.h>
@@ -34,7 +35,7 @@ class MeshTarget;
 //
 // Building into "parentOrOwner": mesh data receives the mesh; a mesh shape node has its mesh
 // replaced; a transform, or the null object, gets a new mesh shape node.
-class ZFnMesh : public ZFnBase {
+class OZ_API ZFnMesh : public ZFnBase {
 public:
     static constexpr double kPointTolerance = 1.0e-10;
 

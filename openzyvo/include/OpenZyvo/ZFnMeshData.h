@@ -1,10 +1,11 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnGeometryData.h>
 
 // Function set of mesh data: a mesh held as a value, with its object groups. ZFnMesh reads and
 // builds the mesh itself.
-class ZFnMeshData : public ZFnGeometryData {
+class OZ_API ZFnMeshData : public ZFnGeometryData {
 public:
     ZFnMeshData() = default;
     explicit ZFnMeshData(const ZObject& object, ZStatus* status = nullptr);

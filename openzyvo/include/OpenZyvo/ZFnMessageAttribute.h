@@ -1,10 +1,11 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnAttribute.h>
 
 // Function set of message attributes: connection points without a value,
 // used to link nodes to each other.
-class ZFnMessageAttribute : public ZFnAttribute {
+class OZ_API ZFnMessageAttribute : public ZFnAttribute {
 public:
     ZFnMessageAttribute() = default;
     explicit ZFnMessageAttribute(const ZObject& attribute, ZStatus* status = nullptr);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnAttribute.h>
 #include <OpenZyvo/ZFnNumericData.h>
 
@@ -9,7 +10,7 @@
 // Ranges: a hard min/max clamps every value set through a plug (a value out of
 // range is clamped, not rejected); soft min/max are slider hints only. Values
 // are given as doubles for every numeric kind.
-class ZFnNumericAttribute : public ZFnAttribute {
+class OZ_API ZFnNumericAttribute : public ZFnAttribute {
 public:
     ZFnNumericAttribute() = default;
     explicit ZFnNumericAttribute(const ZObject& attribute, ZStatus* status = nullptr);

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 
 // Function set of numeric data: one number or a tuple of 2, 3 or 4, the value
 // of a numeric attribute as a data object.
-class ZFnNumericData : public ZFnData {
+class OZ_API ZFnNumericData : public ZFnData {
 public:
     enum Type {
         kInvalid = 0,

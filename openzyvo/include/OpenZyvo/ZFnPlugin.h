@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnBase.h>
 #include <OpenZyvo/ZPxNode.h>
 #include <OpenZyvo/ZStatus.h>
@@ -16,7 +17,7 @@ using ZCreateSyntaxFunction = ZSyntax (*)();
 // uninitializePlugin; everything registered through it belongs to that
 // plug-in, and whatever of it is left when the plug-in unloads is removed
 // with it (before its library is closed).
-class ZFnPlugin : public ZFnBase {
+class OZ_API ZFnPlugin : public ZFnBase {
 public:
     ZFnPlugin() = default;
     // `vendor` and `version` describe the plug-in (the placeholder "Unknown"

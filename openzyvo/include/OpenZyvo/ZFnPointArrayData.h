@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZPointArray.h>
 
 // Function set of point-array data. array() refers into the data itself: edits through it change
 // the data, and the reference stays valid while the function set or another handle keeps the
 // object.
-class ZFnPointArrayData : public ZFnData {
+class OZ_API ZFnPointArrayData : public ZFnData {
 public:
     ZFnPointArrayData() = default;
     explicit ZFnPointArrayData(const ZObject& object, ZStatus* status = nullptr);

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnComponent.h>
 #include <OpenZyvo/ZIntArray.h>
 
 // Function set of components whose elements are single ids: mesh vertices, edges or faces. The
 // elements are a set, read back in ascending order.
-class ZFnSingleIndexedComponent : public ZFnComponent {
+class OZ_API ZFnSingleIndexedComponent : public ZFnComponent {
 public:
     ZFnSingleIndexedComponent() = default;
     explicit ZFnSingleIndexedComponent(const ZObject& object, ZStatus* status = nullptr);

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZStringArray.h>
 
 // Function set of string-array data. array() refers into the data itself: edits through it change
 // the data, and the reference stays valid while the function set or another handle keeps the
 // object.
-class ZFnStringArrayData : public ZFnData {
+class OZ_API ZFnStringArrayData : public ZFnData {
 public:
     ZFnStringArrayData() = default;
     explicit ZFnStringArrayData(const ZObject& object, ZStatus* status = nullptr);

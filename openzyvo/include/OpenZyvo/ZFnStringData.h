@@ -1,10 +1,11 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZString.h>
 
 // Function set of string data.
-class ZFnStringData : public ZFnData {
+class OZ_API ZFnStringData : public ZFnData {
 public:
     ZFnStringData() = default;
     explicit ZFnStringData(const ZObject& object, ZStatus* status = nullptr);

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnAttribute.h>
 
 // Function set of attributes holding a data object (string, mesh, arrays,
 // component lists...). Every node gets its own clone of the default object;
 // without one the value starts null.
-class ZFnTypedAttribute : public ZFnAttribute {
+class OZ_API ZFnTypedAttribute : public ZFnAttribute {
 public:
     ZFnTypedAttribute() = default;
     explicit ZFnTypedAttribute(const ZObject& attribute, ZStatus* status = nullptr);

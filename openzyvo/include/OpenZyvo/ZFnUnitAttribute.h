@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenZyvo/ZAngle.h>
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDistance.h>
 #include <OpenZyvo/ZFnAttribute.h>
 #include <OpenZyvo/ZTime.h>
@@ -8,7 +9,7 @@
 // Function set of attributes holding a distance, an angle or a time. Values
 // given as doubles are in the graph's units: centimetres, radians, and times
 // in the current UI time unit. Hard min/max clamp like numeric attributes.
-class ZFnUnitAttribute : public ZFnAttribute {
+class OZ_API ZFnUnitAttribute : public ZFnAttribute {
 public:
     enum Type { kInvalid = 0, kAngle, kDistance, kTime, kLast };
 

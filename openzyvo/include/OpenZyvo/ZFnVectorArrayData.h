@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnData.h>
 #include <OpenZyvo/ZVectorArray.h>
 
 // Function set of vector-array data. array() refers into the data itself: edits through it change
 // the data, and the reference stays valid while the function set or another handle keeps the
 // object.
-class ZFnVectorArrayData : public ZFnData {
+class OZ_API ZFnVectorArrayData : public ZFnData {
 public:
     ZFnVectorArrayData() = default;
     explicit ZFnVectorArrayData(const ZObject& object, ZStatus* status = nullptr);

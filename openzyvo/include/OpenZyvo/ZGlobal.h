@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZCommandResult.h>
 #include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZIntArray.h>
@@ -16,7 +17,7 @@
 // to the log; `undoEnabled` lets the commands it runs be undone, one undo
 // step per statement. Commands run on the main thread; other threads queue
 // them with executeCommandOnIdle.
-class ZGlobal {
+class OZ_API ZGlobal {
 public:
     static ZStatus executeCommand(const ZString& command, bool displayEnabled = false,
                                   bool undoEnabled = false);

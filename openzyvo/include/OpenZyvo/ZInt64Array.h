@@ -1,8 +1,9 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 
-class ZInt64Array : public ZArray<long long> {
+class OZ_API ZInt64Array : public ZArray<long long> {
 public:
     using ZArray::ZArray;
 };

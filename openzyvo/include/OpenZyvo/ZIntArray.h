@@ -1,8 +1,9 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 
-class ZIntArray : public ZArray<int> {
+class OZ_API ZIntArray : public ZArray<int> {
 public:
     using ZArray::ZArray;
 };

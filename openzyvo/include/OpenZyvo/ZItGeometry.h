@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZPoint.h>
 #include <OpenZyvo/ZPointArray.h>
@@ -13,7 +14,7 @@ class MeshTarget;
 // Walks the points of a geometry (mesh data or a mesh shape) in vertex id order. Deformers read
 // and write them all at once with allPositions and setAllPositions, the fast path: one pass each,
 // with no per-point call.
-class ZItGeometry {
+class OZ_API ZItGeometry {
 public:
     explicit ZItGeometry(const ZObject& geometry, ZStatus* status = nullptr);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZPoint.h>
@@ -13,7 +14,7 @@ class MeshTarget;
 // Walks the edges of a mesh (mesh data or a mesh shape) in id order, or jumps with setIndex. Edge
 // ids follow the first use of each edge when walking the faces' loops in order, so they stay the
 // same while the topology does. Queries once the iterator is done fail with kInvalidParameter.
-class ZItMeshEdge {
+class OZ_API ZItMeshEdge {
 public:
     explicit ZItMeshEdge(const ZObject& polyObject, ZStatus* status = nullptr);
 

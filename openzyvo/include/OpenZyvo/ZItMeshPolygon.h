@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZColor.h>
 #include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZObject.h>
@@ -16,7 +17,7 @@ class MeshTarget;
 // Walks the faces of a mesh (mesh data or a mesh shape) in index order, or jumps with setIndex. A
 // face's vertices are its outer loop followed by its holes. Queries once the iterator is done fail
 // with kInvalidParameter.
-class ZItMeshPolygon {
+class OZ_API ZItMeshPolygon {
 public:
     explicit ZItMeshPolygon(const ZObject& polyObject, ZStatus* status = nullptr);
 

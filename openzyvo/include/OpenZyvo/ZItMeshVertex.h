@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZColor.h>
 #include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZObject.h>
@@ -16,7 +17,7 @@ class MeshTarget;
 // Connected edges and faces come in ascending id order, connected vertices in the order of the
 // edges that lead to them: the same for the same topology every time. Queries once the iterator
 // is done fail with kInvalidParameter.
-class ZItMeshVertex {
+class OZ_API ZItMeshVertex {
 public:
     explicit ZItMeshVertex(const ZObject& polyObject, ZStatus* status = nullptr);
 

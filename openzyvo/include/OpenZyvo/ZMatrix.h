@@ -1,7 +1,9 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
+
 // A 4x4 double matrix for row vectors: p' = p * M, translation in row 3.
-class ZMatrix {
+class OZ_API ZMatrix {
 public:
     double matrix[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZMatrix.h>
 
-class ZMatrixArray : public ZArray<ZMatrix> {
+class OZ_API ZMatrixArray : public ZArray<ZMatrix> {
 public:
     using ZArray::ZArray;
 };

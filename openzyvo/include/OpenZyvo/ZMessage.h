@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZTypes.h>
@@ -8,7 +9,7 @@ class ZCallbackIdArray;
 
 // Base of the message classes: removal of installed callbacks. Callbacks run
 // on the main thread, synchronously with the change they report.
-class ZMessage {
+class OZ_API ZMessage {
 public:
     static ZStatus removeCallback(ZCallbackId id);
     static ZStatus removeCallbacks(ZCallbackIdArray& ids);

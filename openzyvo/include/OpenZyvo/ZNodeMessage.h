@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZMessage.h>
 
 class ZPlug;
@@ -7,7 +8,7 @@ class ZString;
 class ZDGModifier;
 
 // Callbacks about one node. They are removed with the node when it is deleted.
-class ZNodeMessage : public ZMessage {
+class OZ_API ZNodeMessage : public ZMessage {
 public:
     // Bits of the message handed to attribute-changed callbacks.
     enum AttributeMessage {

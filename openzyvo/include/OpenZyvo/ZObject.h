@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZTypes.h>
 #include <memory>
 
@@ -11,7 +12,7 @@ struct ObjectAccess;
 // An opaque handle to something the runtime owns: a node, an attribute, a data
 // value, a component or a plug-in. Function sets (ZFn...) operate on it.
 // Copies share the referenced object.
-class ZObject {
+class OZ_API ZObject {
 public:
     ZObject() = default;
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZObject.h>
 
-class ZObjectArray : public ZArray<ZObject> {
+class OZ_API ZObjectArray : public ZArray<ZObject> {
 public:
     using ZArray::ZArray;
 };

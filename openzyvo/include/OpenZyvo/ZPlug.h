@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenZyvo/ZAngle.h>
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZDistance.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
@@ -24,7 +25,7 @@ struct PlugAccess;
 // in the current evaluation context. Setters store the value, dirty what
 // depends on it and notify attribute-changed callbacks; they fail on a plug
 // that is driven by a connection.
-class ZPlug {
+class OZ_API ZPlug {
 public:
     ZPlug() = default;
     ZPlug(const ZObject& node, const ZObject& attribute);

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZPlug.h>
 
-class ZPlugArray : public ZArray<ZPlug> {
+class OZ_API ZPlugArray : public ZArray<ZPlug> {
 public:
     using ZArray::ZArray;
 };

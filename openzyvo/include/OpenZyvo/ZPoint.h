@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZVector.h>
 
 class ZFloatPoint;
 class ZMatrix;
 
 // A homogeneous 3-D position (w is 1 for ordinary points). Row vector: p * M.
-class ZPoint {
+class OZ_API ZPoint {
 public:
     double x = 0.0, y = 0.0, z = 0.0, w = 1.0;
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZPoint.h>
 
-class ZPointArray : public ZArray<ZPoint> {
+class OZ_API ZPointArray : public ZArray<ZPoint> {
 public:
     using ZArray::ZArray;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArgList.h>
 #include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZIntArray.h>
@@ -18,7 +19,7 @@ struct CommandState;
 // the creator it was registered with, calls doIt once, and keeps the
 // instance on the undo queue when isUndoable() says so; undo and redo then
 // call undoIt and redoIt on that same instance.
-class ZPxCommand {
+class OZ_API ZPxCommand {
 public:
     ZPxCommand();
     virtual ~ZPxCommand();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArgParser.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
@@ -19,7 +20,7 @@ struct ContextCommandState;
 // through doEditFlags and returns the name. The instance stays with its
 // context: `<command> -e ... <name>` and `<command> -q ... <name>` call
 // doEditFlags and doQueryFlags on it.
-class ZPxContextCommand {
+class OZ_API ZPxContextCommand {
 public:
     ZPxContextCommand();
     virtual ~ZPxContextCommand();

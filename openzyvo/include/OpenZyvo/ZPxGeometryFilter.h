@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZMatrix.h>
 #include <OpenZyvo/ZPxNode.h>
 
@@ -12,7 +13,7 @@ class ZItGeometry;
 // A subclass registers with the deformer kind, adds its own attributes in its initialiser and
 // declares that they affect `outputGeom`. It may override compute() for outputs of its own and
 // hand every other plug to ZPxGeometryFilter::compute().
-class ZPxGeometryFilter : public ZPxNode {
+class OZ_API ZPxGeometryFilter : public ZPxNode {
 public:
     // input[] (compound array): inputGeom (mesh) and groupId (int).
     static ZObject input;

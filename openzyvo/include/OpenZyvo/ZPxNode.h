@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
@@ -18,7 +19,7 @@ struct NodeAccess;
 
 // Base of every node class, built-in or from a plug-in. The runtime creates
 // instances through the creator registered with the node type and owns them.
-class ZPxNode {
+class OZ_API ZPxNode {
 public:
     // The kind of node a type registers as. Locators, manipulator containers,
     // shapes and transforms live in the DAG (they have parents and children).

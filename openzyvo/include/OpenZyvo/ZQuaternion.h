@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZEulerRotation.h>
 #include <OpenZyvo/ZVector.h>
 
 class ZMatrix;
 
 // A unit quaternion rotation (x, y, z imaginary, w real).
-class ZQuaternion {
+class OZ_API ZQuaternion {
 public:
     double x = 0.0, y = 0.0, z = 0.0, w = 1.0;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <cstdint>
 
 // Deterministic, counter-based random numbers: the value depends only on
@@ -11,7 +12,7 @@
 // (the second round on k + 0x9E3779B97F4A7C15 mixed with the first result). The integer form
 // returns that 64-bit word; the ranged form maps its top 53 bits to u in [0, 1) and
 // returns min + u * (max - min).
-class ZRandom {
+class OZ_API ZRandom {
 public:
     static std::uint64_t Rand(std::int64_t index, std::int64_t seed);
     static double Rand(std::int64_t index, std::int64_t seed, double min, double max);

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZMessage.h>
 
 class ZStringArray;
 
 // Callbacks about the scene as a whole: new scenes, file reads and saves,
 // plug-in loads.
-class ZSceneMessage : public ZMessage {
+class OZ_API ZSceneMessage : public ZMessage {
 public:
     enum Message {
         kSceneUpdate = 0,

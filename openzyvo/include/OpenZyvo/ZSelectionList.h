@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
@@ -15,7 +16,7 @@ struct SelectionItems;
 
 // An ordered list of nodes, DAG paths and plugs, without repeats: what commands work on and what
 // the host keeps as its active selection. Items whose nodes were deleted drop out of the list.
-class ZSelectionList {
+class OZ_API ZSelectionList {
 public:
     ZSelectionList();
     ~ZSelectionList();

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
+
 class ZString;
 
 // The outcome of an API call. Failures travel as values, never as exceptions.
-class ZStatus {
+class OZ_API ZStatus {
 public:
     enum ZStatusCode {
         kSuccess = 0,

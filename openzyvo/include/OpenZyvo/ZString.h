@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 #include <iosfwd>
 #include <string>
@@ -8,7 +9,7 @@
 class ZStringArray;
 
 // A UTF-8 text. Lengths and indices count bytes, except numChars().
-class ZString {
+class OZ_API ZString {
 public:
     ZString() = default;
     ZString(const char* text)
@@ -74,7 +75,7 @@ private:
     std::string m_text;
 };
 
-std::ostream& operator<<(std::ostream& out, const ZString& text);
+OZ_API std::ostream& operator<<(std::ostream& out, const ZString& text);
 
 template <> struct std::hash<ZString> {
     std::size_t operator()(const ZString& s) const noexcept {

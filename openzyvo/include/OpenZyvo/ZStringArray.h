@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZString.h>
 
-class ZStringArray : public ZArray<ZString> {
+class OZ_API ZStringArray : public ZArray<ZString> {
 public:
     using ZArray::ZArray;
 };

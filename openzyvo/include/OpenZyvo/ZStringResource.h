@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
 #include <OpenZyvo/ZStringResourceId.h>
 
 // The host's table of localisable texts. A text reads as its default until a
 // translation for its (group, key) is loaded.
-class ZStringResource {
+class OZ_API ZStringResource {
 public:
     static ZStatus registerString(const ZStringResourceId& id);
     static ZString getString(const ZStringResourceId& id, ZStatus& status);

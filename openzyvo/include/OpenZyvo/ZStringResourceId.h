@@ -1,10 +1,11 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZString.h>
 
 // Names a localisable text: the plug-in's resource group, a key and the
 // English default.
-class ZStringResourceId {
+class OZ_API ZStringResourceId {
 public:
     ZStringResourceId() = default;
     ZStringResourceId(const ZString& pluginId, const ZString& key, const ZString& defaultText)

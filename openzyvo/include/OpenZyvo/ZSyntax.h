@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 #include <memory>
 
@@ -13,7 +14,7 @@ struct SyntaxData;
 // checks every call of a command with a syntax against it before the command
 // runs. A ZSyntax is a handle: copies share one description, so that a
 // command can add to the syntax it was given.
-class ZSyntax {
+class OZ_API ZSyntax {
 public:
     enum ZArgType {
         kInvalidArgType,

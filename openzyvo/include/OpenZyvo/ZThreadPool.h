@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 
 // Opaque: the root of a set of tasks created in a parallel region.
@@ -12,7 +13,7 @@ using ZThreadRootFunc = void (*)(void* data, ZThreadRootTask* root);
 // The host's worker threads. A parallel region calls its function on this
 // thread; that function creates tasks under the root and runs them with
 // executeAndJoin(), which returns once all of them have finished.
-class ZThreadPool {
+class OZ_API ZThreadPool {
 public:
     static ZStatus init();
     static ZStatus newParallelRegion(ZThreadRootFunc function, void* data);

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 
 // A time value in a unit. Frame-based units count frames at their rate.
-class ZTime {
+class OZ_API ZTime {
 public:
     enum Unit {
         kInvalid = 0,

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZTime.h>
 
-class ZTimeArray : public ZArray<ZTime> {
+class OZ_API ZTimeArray : public ZArray<ZTime> {
 public:
     using ZArray::ZArray;
 };

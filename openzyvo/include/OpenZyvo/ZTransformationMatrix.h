@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZEulerRotation.h>
 #include <OpenZyvo/ZMatrix.h>
 #include <OpenZyvo/ZQuaternion.h>
@@ -10,7 +11,7 @@
 // A transformation kept as its components: scale, shear, rotation and
 // translation. As a matrix it applies scale, then shear, then rotation, then
 // translation to a row vector.
-class ZTransformationMatrix {
+class OZ_API ZTransformationMatrix {
 public:
     ZTransformationMatrix() = default;
     explicit ZTransformationMatrix(const ZMatrix& matrix);

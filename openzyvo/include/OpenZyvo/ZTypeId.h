@@ -1,8 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
+
 // The 32-bit identifier of a node type. Scene files store it, so a type keeps
 // its id for life.
-class ZTypeId {
+class OZ_API ZTypeId {
 public:
     ZTypeId() = default;
     ZTypeId(unsigned int id)

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 
-class ZUintArray : public ZArray<unsigned int> {
+class OZ_API ZUintArray : public ZArray<unsigned int> {
 public:
     using ZArray::ZArray;
 };

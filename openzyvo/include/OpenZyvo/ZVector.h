@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <cmath>
 
 class ZMatrix;
@@ -7,7 +8,7 @@ class ZFloatVector;
 class ZPoint;
 
 // A 3-D direction in double precision. Vectors are row vectors: v * M.
-class ZVector {
+class OZ_API ZVector {
 public:
     double x = 0.0, y = 0.0, z = 0.0;
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZArray.h>
 #include <OpenZyvo/ZVector.h>
 
-class ZVectorArray : public ZArray<ZVector> {
+class OZ_API ZVectorArray : public ZArray<ZVector> {
 public:
     using ZArray::ZArray;
 };

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZTime.h>
 
 // The scene's time: the current time the graph evaluates at, the playback
 // range (min/max) and the animation range that contains it.
-class ZAnimControl {
+class OZ_API ZAnimControl {
 public:
     enum PlaybackMode { kPlaybackOnce = 0, kPlaybackLoop, kPlaybackOscillate };
 

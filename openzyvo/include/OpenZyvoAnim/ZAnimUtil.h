@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZStatus.h>
 
 class ZObject;
@@ -8,7 +9,7 @@ class ZPlug;
 class ZPlugArray;
 
 // Finds the animation curves that drive plugs.
-class ZAnimUtil {
+class OZ_API ZAnimUtil {
 public:
     // Whether an animation curve's output drives `plug` (or, for a compound
     // or array plug, any of its children or elements) directly.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZFnDependencyNode.h>
 #include <OpenZyvo/ZTime.h>
 
@@ -17,7 +18,7 @@ class ZTimeArray;
 // curves in the UI time unit. Keys are kept sorted by time: an index names the
 // key's place in time and changes when keys are added, moved or removed.
 // Tangent angles are measured in the plane of seconds and value.
-class ZFnAnimCurve : public ZFnDependencyNode {
+class OZ_API ZFnAnimCurve : public ZFnDependencyNode {
 public:
     // The enums have a fixed underlying type so that a number from a script or
     // a file that names no field is still a value the calls can refuse.

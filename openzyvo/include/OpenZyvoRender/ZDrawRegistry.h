@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
@@ -14,7 +15,7 @@ class ZPxDrawOverride;
 // registrants, and the latest registered one draws. Registered while a
 // plug-in initialises, a creator belongs to that plug-in and goes when it
 // unloads.
-class ZDrawRegistry {
+class OZ_API ZDrawRegistry {
 public:
     using DrawOverrideCreator = ZPxDrawOverride* (*)(const ZObject& node);
 

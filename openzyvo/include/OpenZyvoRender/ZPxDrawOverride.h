@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
 #include <OpenZyvo/ZBoundingBox.h>
 #include <OpenZyvo/ZDagPath.h>
 #include <OpenZyvo/ZObject.h>
@@ -10,7 +11,7 @@ namespace ZHWRender {
 // Base of a viewport draw override: the object that tells the viewport how to
 // draw the nodes of one draw classification. The registry's creator makes one
 // per drawn node; the viewport owns it.
-class ZPxDrawOverride {
+class OZ_API ZPxDrawOverride {
 public:
     virtual ~ZPxDrawOverride();
     ZPxDrawOverride(const ZPxDrawOverride&) = delete;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <OpenZyvo/ZApiExport.h>
+
 namespace ZHWRender {
 
 // Base of what a draw override prepares for drawing one object. The viewport
 // keeps it between draws and hands it back to the next prepareForDraw of the
 // same object, unless it is marked to be deleted after use.
-class ZUserData {
+class OZ_API ZUserData {
 public:
     explicit ZUserData(bool deleteAfterUse = false)
         : m_deleteAfterUse(deleteAfterUse) {}

@@ -511,7 +511,9 @@ ZStatus ZPlug::setValue(const ZObject& value) {
                                       });
 }
 
-bool operator==(const ZPlug& a, const ZPlug& b) {
+// Friends of ZPlug rather than members, so the class's export does not cover
+// them: plug-ins compare plugs with these.
+OZ_API bool operator==(const ZPlug& a, const ZPlug& b) {
     const PlugRef* x = PlugAccess::get(a);
     const PlugRef* y = PlugAccess::get(b);
     if (!x || !y)
@@ -519,7 +521,7 @@ bool operator==(const ZPlug& a, const ZPlug& b) {
     return x->node == y->node && x->path == y->path;
 }
 
-bool operator==(const ZPlug& plug, const ZObject& attribute) {
+OZ_API bool operator==(const ZPlug& plug, const ZObject& attribute) {
     const PlugRef* ref = PlugAccess::get(plug);
     return ref && !ref->path.empty() && ref->leaf() == oz::attributeOf(attribute);
 }

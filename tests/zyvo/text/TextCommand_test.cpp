@@ -261,6 +261,36 @@ TEST(TextCommand, NumbersAreRefusedWhereTheyEnterNamingTheOption) {
                 HasSubstr("--size: expected a number from 0.001 to 100000, got 0"));
 }
 
+// The alignments and the curve-resolution bounds are the type node's own,
+// learnt from the node once the plug-in is loaded: refused values are still
+// usage errors naming the option, and nothing is written.
+TEST(TextCommand, AlignmentsAndCurveResolutionsAreTheTypeNodesOwn) {
+    TempFolder folder;
+    auto widthOf = [&](const std::string& name, const std::string& alignment) {
+        const ProgramResult run = text({"HI", "--align", alignment, "-o", folder / name});
+        EXPECT_EQ(run.exitCode, 0) << alignment << "\n" << run.err;
+        return extent(readObj(folder / name), 0);
+    };
+    const auto left = widthOf("left.obj", "Left");
+    const auto centre = widthOf("centre.obj", "CENTRE");
+    EXPECT_NEAR(centre[0], left[0] - (left[1] - left[0]) / 2, 1e-3) << "centred about the origin";
+    EXPECT_EQ(widthOf("center.obj", "center"), centre) << "the American spelling names the same alignment";
+
+    const ProgramResult middle = text({"HI", "--align", "middle", "-o", folder / "middle.obj"});
+    EXPECT_EQ(middle.exitCode, 2);
+    EXPECT_THAT(middle.err, HasSubstr("--align: expected left, centre or right, got middle"));
+    for (const char* resolution : {"0", "101", "2147483647"}) {
+        const ProgramResult run = text({"HI", "--curve-resolution", resolution, "-o", folder / "r.obj"});
+        EXPECT_EQ(run.exitCode, 2) << resolution << "\n" << run.err;
+        EXPECT_THAT(run.err,
+                    HasSubstr(std::string("--curve-resolution: expected a whole number from 1 to 100, got ") +
+                              resolution));
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder / "middle.obj"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "r.obj"));
+    EXPECT_EQ(text({"HI", "--curve-resolution", "100", "-o", folder / "r.obj"}).exitCode, 0);
+}
+
 TEST(TextCommand, UpperCaseExtensionsAreKnown) {
     TempFolder folder;
     const ProgramResult run =
