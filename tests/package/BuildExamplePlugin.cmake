@@ -16,7 +16,8 @@ run("configuring the example" ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK} -G ${GENE
 run("building the example" ${CMAKE_COMMAND} --build ${WORK})
 run("running the example's script" ${ZYVO} --plugin-path ${WORK} run ${SOURCE}/hypotenuse.zys)
 
-# 3-4-5, then 0.75-1-1.25: printed in order, nothing else computed wrong.
+# The long sides of a 3-4-5 and of a 0.75-1-1.25 triangle, in that order: the
+# second shows that the node computed again once its inputs changed.
 if(NOT output MATCHES "(^|\n)5\n(.*\n)?1\\.25\n")
     message(FATAL_ERROR "the example's node did not print 5 and then 1.25:\n${output}")
 endif()
