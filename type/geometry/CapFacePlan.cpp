@@ -44,17 +44,4 @@ CapFacePlan planCapFaces(std::vector<Contour> contours, const ThinningSettings& 
     return plan;
 }
 
-void appendHoleInfo(std::vector<std::int32_t>& holeInfo, const CapFacePlan& plan, std::int32_t firstFace,
-                    std::int32_t baseVertexCount) {
-    std::int32_t vertexCount = baseVertexCount;
-    for (const Contour& face : plan.faces)
-        vertexCount += static_cast<std::int32_t>(face.size());
-    for (const PlannedHole& hole : plan.holes) {
-        const auto count = static_cast<std::int32_t>(hole.points.size());
-        holeInfo.insert(holeInfo.end(),
-                        {firstFace + static_cast<std::int32_t>(hole.face), count, vertexCount});
-        vertexCount += count;
-    }
-}
-
 } // namespace type

@@ -37,10 +37,4 @@ struct CapFacePlan {
 CapFacePlan planCapFaces(std::vector<Contour> contours, const ThinningSettings& thinning,
                          const std::optional<EdgeSubdivisionSettings>& subdivision = std::nullopt);
 
-// Appends the holeInfo triples (see HoleInfo.h) that replaying `plan` produces
-// when its first face becomes mesh face `firstFace` and the mesh already holds
-// `baseVertexCount` vertices.
-void appendHoleInfo(std::vector<std::int32_t>& holeInfo, const CapFacePlan& plan, std::int32_t firstFace,
-                    std::int32_t baseVertexCount);
-
 } // namespace type

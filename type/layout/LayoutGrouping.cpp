@@ -1,14 +1,8 @@
 #include "layout/LayoutGrouping.h"
 
-#include "geometry/HoleInfo.h"
-
 namespace type {
 
 namespace {
-
-std::int32_t pointCount(const Contour& contour) {
-    return static_cast<std::int32_t>(contour.size());
-}
 
 double alignmentOffset(AlignmentMode alignment, const BoundingBox& line) {
     const double width = boxMaxCorner(line).x - boxMinCorner(line).x;
@@ -42,32 +36,16 @@ void LayoutGrouping::addBlank() {
 }
 
 void LayoutGrouping::addCharacter(std::vector<Shape> shapes, const BoundingBox& box) {
-    const std::int32_t firstVertex = m_vertices;
-    for (const Shape& shape : shapes) {
-        appendHoleInfo(m_result.holeInfo, shape, m_faces++, m_vertices);
-        m_vertices += pointCount(shape.outer);
-        for (const Contour& hole : shape.holes)
-            m_vertices += pointCount(hole);
-    }
-    addCounts(shapes.size(), m_vertices - firstVertex, box);
+    addCounts(shapes.size(), box);
     std::get<ShapeCaps>(m_result.caps).push_back(std::move(shapes));
 }
 
 void LayoutGrouping::addCharacter(CapFacePlan plan, const BoundingBox& box) {
-    appendHoleInfo(m_result.holeInfo, plan, m_faces, m_vertices);
-    const std::int32_t firstVertex = m_vertices;
-    for (const Contour& face : plan.faces)
-        m_vertices += pointCount(face);
-    for (const PlannedHole& hole : plan.holes)
-        m_vertices += pointCount(hole.points);
-    m_faces += static_cast<std::int32_t>(plan.faces.size());
-    addCounts(plan.faces.size(), m_vertices - firstVertex, box);
+    addCounts(plan.faces.size(), box);
     std::get<PlannedCaps>(m_result.caps).push_back(std::move(plan));
 }
 
-void LayoutGrouping::addCounts(std::size_t shells, std::int32_t vertices, const BoundingBox& box) {
-    if (vertices > 0)
-        m_result.vertexTotals.push_back(m_vertices);
+void LayoutGrouping::addCounts(std::size_t shells, const BoundingBox& box) {
     if (shells > 0) {
         const auto count = static_cast<std::int32_t>(shells);
         m_result.shellsPerCharacter.push_back(count);

@@ -9,12 +9,13 @@
 namespace type {
 
 // Walks a laid-out text character by character and fills the result's caps,
-// grouping arrays, boxes, alignment offsets and holeInfo.
+// grouping arrays, boxes and alignment offsets; the vertex totals and holeInfo
+// come from the mesh the caps become (textToMesh).
 //
 // Words end at every blank and at the end of every line, so two blanks in a row
 // give an empty word (0) and an empty line gives a 0 for its line and its word.
-// A character's shells are its outer boundaries; it is listed in the shell and
-// vertex arrays only when it has some, but always gets a box.
+// A character's shells are its outer boundaries; it is listed in the shell
+// array only when it has some, but always gets a box.
 class LayoutGrouping {
 public:
     LayoutGrouping(LayoutResult& result, AlignmentMode alignment);
@@ -29,15 +30,13 @@ public:
     void endLine();
 
 private:
-    void addCounts(std::size_t shells, std::int32_t vertices, const BoundingBox& box);
+    void addCounts(std::size_t shells, const BoundingBox& box);
 
     LayoutResult& m_result;
     AlignmentMode m_alignment;
     BoundingBox m_lineBox;
     std::int32_t m_lineShells = 0;
     std::int32_t m_wordShells = 0;
-    std::int32_t m_faces = 0;
-    std::int32_t m_vertices = 0;
 };
 
 // Corners as the node writes them: an empty box reads as the origin.

@@ -23,8 +23,9 @@ using PlannedCaps = std::vector<CapFacePlan>;
 
 // What one evaluation of layout and decomposition yields: the caps to turn into
 // the flat mesh and the bookkeeping arrays the node writes beside it. Face and
-// vertex numbers (holeInfo, vertexTotals) count from an empty mesh to which the
-// caps are added in order, as described above.
+// vertex numbers (holeInfo, vertexTotals) are filled in by textToMesh from the
+// mesh it builds, since the host may merge a hole's points into earlier
+// vertices.
 struct LayoutResult {
     // Scene units per outline unit (fontSize over the font's line height).
     // The caps are already multiplied by it.

@@ -361,7 +361,7 @@ ZStatus FontNodeCompute::computeOutputs(const ZObject& node, ZDataBlock& block) 
         values.setClean(fontNode::fontError);
         return ZStatus::kFailure;
     }
-    const LayoutResult& layout = *laidOut;
+    LayoutResult& layout = *laidOut;
 
     ZObject mesh;
     if (const ZStatus built = textToMesh(layout, mesh); !built)

@@ -1,5 +1,6 @@
 #include "textnode/TextToMesh.h"
 
+#include "geometry/HoleInfo.h"
 #include "plugin/ApiError.h"
 
 #include <OpenZyvo/ZFloatVectorArray.h>
@@ -53,12 +54,15 @@ int loopCount(const Contour& contour) {
 }
 
 // Adds the caps face by face, reusing its point and loop buffers: a long text
-// adds thousands of faces.
+// adds thousands of faces. The vertex totals and hole records are read from
+// the mesh as it grows, so they describe it whatever the host merged.
 class CapBuilder {
 public:
-    CapBuilder(ZFnMesh& mesh, const LayoutResult& layout)
+    CapBuilder(ZFnMesh& mesh, LayoutResult& layout)
         : m_mesh(mesh)
-        , m_lines(layout) {}
+        , m_lines(layout)
+        , m_vertexTotals(layout.vertexTotals)
+        , m_holeInfo(layout.holeInfo) {}
 
     ZStatus add(const ShapeCaps& caps) {
         for (const std::vector<Shape>& character : caps) {
@@ -67,6 +71,8 @@ public:
                 if (const ZStatus status = addShape(shape, offset); !status)
                     return status;
             }
+            if (const ZStatus status = endCharacter(); !status)
+                return status;
         }
         return ZStatus::kSuccess;
     }
@@ -74,6 +80,8 @@ public:
     ZStatus add(const PlannedCaps& caps) {
         for (const CapFacePlan& plan : caps) {
             if (const ZStatus status = addPlan(plan, m_lines.next(plan.faces.size())); !status)
+                return status;
+            if (const ZStatus status = endCharacter(); !status)
                 return status;
         }
         return ZStatus::kSuccess;
@@ -103,9 +111,15 @@ private:
         for (const Contour& hole : shape.holes)
             appendLoop(hole, offset, false);
         ZStatus status;
-        m_mesh.addPolygon(m_points, m_loops, false, kShapeTolerance, ZObject::kNullObj, &status);
+        const int firstVertex = m_mesh.numVertices(&status);
         if (!status)
             return reportApiError(status, kUnit);
+        const int face =
+            m_mesh.addPolygon(m_points, m_loops, false, kShapeTolerance, ZObject::kNullObj, &status);
+        if (!status)
+            return reportApiError(status, kUnit);
+        // Nothing was merged, so each hole's points follow the outer ones.
+        appendHoleInfo(m_holeInfo, shape, face, firstVertex);
         return ZStatus::kSuccess;
     }
 
@@ -124,18 +138,49 @@ private:
         for (const PlannedHole& hole : plan.holes) {
             startLoops();
             appendLoop(hole.points, offset, plan.reversed);
-            status = m_mesh.addHoles(firstFace + static_cast<int>(hole.face), m_points, m_loops, true,
-                                     kPlannedHoleTolerance);
+            const int face = firstFace + static_cast<int>(hole.face);
+            const int loopStart = m_mesh.polygonVertexCount(face, &status);
             if (!status)
                 return reportApiError(status, kUnit);
+            status = m_mesh.addHoles(face, m_points, m_loops, true, kPlannedHoleTolerance);
+            if (!status)
+                return reportApiError(status, kUnit);
+            if (const ZStatus recorded = recordHole(face, loopStart); !recorded)
+                return recorded;
         }
+        return ZStatus::kSuccess;
+    }
+
+    // The hole's points may have merged into vertices of this or an earlier
+    // character (or repeats among them dropped), so its loop is read back:
+    // the face's vertices from `loopStart` on.
+    ZStatus recordHole(int face, int loopStart) {
+        if (const ZStatus status = m_mesh.getPolygonVertices(face, m_faceVertices); !status)
+            return reportApiError(status, kUnit);
+        const auto start = static_cast<unsigned int>(loopStart);
+        m_holeInfo.insert(m_holeInfo.end(), {face, static_cast<std::int32_t>(m_faceVertices.length() - start),
+                                             m_faceVertices[start]});
+        return ZStatus::kSuccess;
+    }
+
+    // A character that added no vertex gets no total.
+    ZStatus endCharacter() {
+        ZStatus status;
+        const int vertices = m_mesh.numVertices(&status);
+        if (!status)
+            return reportApiError(status, kUnit);
+        if (vertices > (m_vertexTotals.empty() ? 0.0 : m_vertexTotals.back()))
+            m_vertexTotals.push_back(vertices);
         return ZStatus::kSuccess;
     }
 
     ZFnMesh& m_mesh;
     LineOffsets m_lines;
+    std::vector<double>& m_vertexTotals;
+    std::vector<std::int32_t>& m_holeInfo;
     ZPointArray m_points;
     ZIntArray m_loops;
+    ZIntArray m_faceVertices;
 };
 
 ZStatus faceUp(ZFnMesh& mesh) {
@@ -152,7 +197,9 @@ ZStatus faceUp(ZFnMesh& mesh) {
 
 } // namespace
 
-ZStatus textToMesh(const LayoutResult& layout, ZObject& meshData) {
+ZStatus textToMesh(LayoutResult& layout, ZObject& meshData) {
+    layout.vertexTotals.clear();
+    layout.holeInfo.clear();
     ZStatus status;
     ZFnMeshData dataFn;
     meshData = dataFn.create(&status);

@@ -22,7 +22,7 @@ using testing::TypeNodeTest;
 
 using FontNodeEvaluation = TypeNodeTest;
 
-std::vector<ZPoint> pointsOf(const LayoutResult& layout) {
+std::vector<ZPoint> pointsOf(LayoutResult layout) {
     ZObject data;
     EXPECT_TRUE(textToMesh(layout, data));
     ZPointArray points;

@@ -30,7 +30,7 @@ struct BuiltMesh {
     ZPointArray points;
 };
 
-BuiltMesh build(const LayoutResult& layout) {
+BuiltMesh build(LayoutResult& layout) {
     BuiltMesh built;
     const ZStatus status = textToMesh(layout, built.data);
     EXPECT_TRUE(status) << status.errorString().asChar();
@@ -62,9 +62,9 @@ BoundingBox boxOfVertices(const ZPointArray& points, int first, int end) {
 }
 
 TEST(TextToMesh, HolesOfOneAndTwoHoleGlyphsLandInTheirFaces) {
-    const LayoutResult o = layOut(dejaVu(u"O"));
-    ASSERT_EQ(o.holeInfo.size(), 3u);
+    LayoutResult o = layOut(dejaVu(u"O"));
     const BuiltMesh oMesh = build(o);
+    ASSERT_EQ(o.holeInfo.size(), 3u);
     EXPECT_EQ(oMesh.mesh.numPolygons(), 1);
     expectHoleInfoMatchesMesh(o, oMesh.mesh);
     const Shape& shape = shapesOf(o)[0][0];
@@ -72,9 +72,9 @@ TEST(TextToMesh, HolesOfOneAndTwoHoleGlyphsLandInTheirFaces) {
     EXPECT_EQ(o.holeInfo[2], static_cast<int>(shape.outer.size()));
 
     // B has two counters; the second hole's first vertex follows the first hole.
-    const LayoutResult b = layOut(dejaVu(u"OB"));
-    ASSERT_EQ(b.holeInfo.size(), 9u);
+    LayoutResult b = layOut(dejaVu(u"OB"));
     const BuiltMesh bMesh = build(b);
+    ASSERT_EQ(b.holeInfo.size(), 9u);
     EXPECT_EQ(bMesh.mesh.numPolygons(), 2);
     expectHoleInfoMatchesMesh(b, bMesh.mesh);
     EXPECT_EQ(b.holeInfo[3], 1);
@@ -84,7 +84,7 @@ TEST(TextToMesh, HolesOfOneAndTwoHoleGlyphsLandInTheirFaces) {
 }
 
 TEST(TextToMesh, EachCharacterOwnsItsVertexRange) {
-    const LayoutResult layout = layOut(dejaVu(u"Ab i\n\nO8%"));
+    LayoutResult layout = layOut(dejaVu(u"Ab i\n\nO8%"));
     const BuiltMesh built = build(layout);
     ASSERT_EQ(layout.vertexTotals.size(), layout.boxMin.size());
     EXPECT_EQ(built.mesh.numVertices(), static_cast<int>(layout.vertexTotals.back()));
@@ -105,10 +105,11 @@ TEST(TextToMesh, EachCharacterOwnsItsVertexRange) {
 
 TEST(TextToMesh, AlignmentMovesEveryVertexOfItsLine) {
     TypeSettings settings = dejaVu(u"WW W\nI\n\nmm");
-    const BuiltMesh left = build(layOut(settings));
+    LayoutResult leftAligned = layOut(settings);
+    const BuiltMesh left = build(leftAligned);
     for (const AlignmentMode alignment : {AlignmentMode::Centre, AlignmentMode::Right}) {
         settings.alignment = alignment;
-        const LayoutResult layout = layOut(settings);
+        LayoutResult layout = layOut(settings);
         ASSERT_EQ(layout.lineOffsets.size(), 4u);
         EXPECT_GT(layout.lineOffsets[0], layout.lineOffsets[1]);
         const BuiltMesh aligned = build(layout);
@@ -131,9 +132,9 @@ TEST(TextToMesh, AlignmentMovesEveryVertexOfItsLine) {
 }
 
 TEST(TextToMesh, PlannedCapsCutTheirHolesAndFaceUp) {
-    const LayoutResult layout = decomposePreLayout(dejaVu(u"O B8"));
-    ASSERT_EQ(layout.holeInfo.size(), 15u);
+    LayoutResult layout = decomposePreLayout(dejaVu(u"O B8"));
     const BuiltMesh built = build(layout);
+    ASSERT_EQ(layout.holeInfo.size(), 15u);
     EXPECT_EQ(built.mesh.numPolygons(), 3);
     EXPECT_EQ(built.mesh.numVertices(), static_cast<int>(layout.vertexTotals.back()));
     expectHoleInfoMatchesMesh(layout, built.mesh);
@@ -160,7 +161,7 @@ TEST(TextToMesh, LegacyCapsReplayFacesThenHoles) {
     ASSERT_TRUE(std::holds_alternative<FontFace>(loaded));
     TypeSettings settings = dejaVu(u"Bi\nO");
     settings.alignment = AlignmentMode::Centre;
-    const LayoutResult layout = decomposeLegacy(settings, std::get<FontFace>(loaded).face());
+    LayoutResult layout = decomposeLegacy(settings, std::get<FontFace>(loaded).face());
 
     const BuiltMesh built = build(layout);
     EXPECT_EQ(built.mesh.numPolygons(), 4);
@@ -173,7 +174,8 @@ TEST(TextToMesh, LegacyCapsReplayFacesThenHoles) {
 }
 
 TEST(TextToMesh, EmptyLayoutGivesAnEmptyMesh) {
-    const BuiltMesh built = build(layOut(dejaVu(u"")));
+    LayoutResult empty = layOut(dejaVu(u""));
+    const BuiltMesh built = build(empty);
     EXPECT_FALSE(built.data.isNull());
     EXPECT_EQ(built.mesh.numVertices(), 0);
     EXPECT_EQ(built.mesh.numPolygons(), 0);
