@@ -8,6 +8,7 @@
 #include <OpenZyvo/ZFnMeshData.h>
 #include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZPointArray.h>
+#include <cmath>
 
 namespace type {
 
@@ -51,6 +52,21 @@ private:
 
 int loopCount(const Contour& contour) {
     return static_cast<int>(contour.size());
+}
+
+// Whether merging at `tolerance` would leave the loop fewer than three
+// distinct vertices. A text scaled to nothing (a font size of 0, often the
+// first key of a grow-in) shrinks every hole to a point; such a hole cuts
+// nothing out, so it is left out rather than failing the whole text.
+bool collapses(const ZPointArray& loop, double tolerance) {
+    const unsigned int count = loop.length();
+    unsigned int distinct = 0;
+    for (unsigned int i = 0; i < count && distinct < 3; ++i) {
+        const ZPoint& previous = loop[(i + count - 1) % count];
+        if (std::hypot(loop[i].x - previous.x, loop[i].y - previous.y) > tolerance)
+            ++distinct;
+    }
+    return distinct < 3;
 }
 
 // Adds the caps face by face, reusing its point and loop buffers: a long text
@@ -138,6 +154,8 @@ private:
         for (const PlannedHole& hole : plan.holes) {
             startLoops();
             appendLoop(hole.points, offset, plan.reversed);
+            if (collapses(m_points, kPlannedHoleTolerance))
+                continue;
             const int face = firstFace + static_cast<int>(hole.face);
             const int loopStart = m_mesh.polygonVertexCount(face, &status);
             if (!status)

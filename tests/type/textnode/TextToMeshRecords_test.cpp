@@ -77,5 +77,22 @@ TEST(TextToMesh, HoleCutIntoTwoFacesIsCountedOnce) {
     EXPECT_EQ(layout.vertexTotals.back(), 11.0);
 }
 
+TEST(TextToMesh, ZeroFontSizeLeavesOutHolesInsteadOfFailing) {
+    // At size 0 every point of the legacy path's caps is the origin, so the
+    // O's counter merges into a single vertex and cuts nothing out.
+    TypeSettings settings = dejaVu(u"O");
+    settings.fontSize = 0.0f;
+    const std::string file = testing::fontFile("DejaVu Sans", "Book");
+    ASSERT_FALSE(file.empty());
+    auto loaded = FontFace::load(ZString(file), 0);
+    ASSERT_TRUE(std::holds_alternative<FontFace>(loaded));
+    LayoutResult legacy = decomposeLegacy(settings, std::get<FontFace>(loaded).face());
+
+    ZObject mesh;
+    ASSERT_TRUE(textToMesh(legacy, mesh));
+    expectRecordsDescribe(legacy, mesh);
+    EXPECT_TRUE(legacy.holeInfo.empty());
+}
+
 } // namespace
 } // namespace type
