@@ -1,12 +1,11 @@
+#include "builtins/ModifierCommand.h"
 #include "commands/BuiltinCommand.h"
-#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
-#include <OpenZyvo/ZDGModifier.h>
 #include <OpenZyvo/ZStringArray.h>
 
 namespace oz::scene {
@@ -21,7 +20,7 @@ std::string plugText(const Connection& connection) {
 // connectAttr [-f] <source> <destination>: a destination that has another
 // source already is refused, unless -force breaks that connection first.
 // Undo breaks the new connection and restores the old.
-class ConnectAttrCommand : public cmd::ParsedCommand {
+class ConnectAttrCommand : public ModifierCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -72,12 +71,9 @@ public:
         return ZStatus::kSuccess;
     }
 
-    ZStatus undoIt() override { return m_modifier.undoIt(); }
-    ZStatus redoIt() override { return m_modifier.doIt(); }
     bool isUndoable() const override { return m_undoable; }
 
 private:
-    ZDGModifier m_modifier;
     bool m_undoable = false;
 };
 

@@ -1,12 +1,11 @@
+#include "builtins/ModifierCommand.h"
 #include "commands/BuiltinCommand.h"
-#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "scene/CommandMessages.h"
 #include "scene/DefaultNodes.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
-#include <OpenZyvo/ZDGModifier.h>
 #include <OpenZyvo/ZStringArray.h>
 #include <algorithm>
 
@@ -25,7 +24,7 @@ bool hasAncestorIn(const Node& node, const std::vector<Node*>& nodes) {
 // delete [names or patterns...]: deletes the nodes (the selection when none
 // are named) with their DAG children and connections. Undo brings them
 // back with their connections.
-class DeleteCommand : public cmd::ParsedCommand {
+class DeleteCommand : public ModifierCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -65,13 +64,6 @@ public:
             reportError(kName, "the nodes could not be deleted");
         return status;
     }
-
-    ZStatus undoIt() override { return m_modifier.undoIt(); }
-    ZStatus redoIt() override { return m_modifier.doIt(); }
-    bool isUndoable() const override { return true; }
-
-private:
-    ZDGModifier m_modifier;
 };
 
 const cmd::BuiltinCommand registration(

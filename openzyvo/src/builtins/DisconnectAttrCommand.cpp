@@ -1,12 +1,11 @@
+#include "builtins/ModifierCommand.h"
 #include "commands/BuiltinCommand.h"
-#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/PlugRef.h"
 #include "scene/CommandMessages.h"
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
-#include <OpenZyvo/ZDGModifier.h>
 #include <OpenZyvo/ZStringArray.h>
 
 namespace oz::scene {
@@ -16,7 +15,7 @@ constexpr const char* kName = "disconnectAttr";
 
 // disconnectAttr <source> <destination>: breaks the connection; undo makes
 // it again.
-class DisconnectAttrCommand : public cmd::ParsedCommand {
+class DisconnectAttrCommand : public ModifierCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -41,13 +40,6 @@ public:
             reportError(kName, "the connection could not be broken");
         return status;
     }
-
-    ZStatus undoIt() override { return m_modifier.undoIt(); }
-    ZStatus redoIt() override { return m_modifier.doIt(); }
-    bool isUndoable() const override { return true; }
-
-private:
-    ZDGModifier m_modifier;
 };
 
 const cmd::BuiltinCommand registration(

@@ -1,6 +1,6 @@
+#include "builtins/ModifierCommand.h"
 #include "builtins/ResultValue.h"
 #include "commands/BuiltinCommand.h"
-#include "commands/ParsedCommand.h"
 #include "graph/Graph.h"
 #include "graph/Names.h"
 #include "scene/CommandMessages.h"
@@ -8,7 +8,6 @@
 #include "scene/SceneLookup.h"
 
 #include <OpenZyvo/ZArgDatabase.h>
-#include <OpenZyvo/ZDGModifier.h>
 #include <OpenZyvo/ZStringArray.h>
 
 namespace oz::scene {
@@ -18,7 +17,7 @@ constexpr const char* kName = "rename";
 
 // rename <node> <newName>: returns the name the node got, made unique with
 // a number when another node has it.
-class RenameCommand : public cmd::ParsedCommand {
+class RenameCommand : public ModifierCommand {
 public:
     static ZSyntax newSyntax() {
         ZSyntax syntax;
@@ -49,13 +48,6 @@ public:
         setResultValue(node->name.asStdString());
         return ZStatus::kSuccess;
     }
-
-    ZStatus undoIt() override { return m_modifier.undoIt(); }
-    ZStatus redoIt() override { return m_modifier.doIt(); }
-    bool isUndoable() const override { return true; }
-
-private:
-    ZDGModifier m_modifier;
 };
 
 const cmd::BuiltinCommand registration(
