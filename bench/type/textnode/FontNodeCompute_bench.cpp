@@ -1,3 +1,4 @@
+#include "../Paragraph.h"
 #include "data/MeshAccess.h"
 #include "graph/NodeTypeRegistry.h"
 #include "mesh/FaceTriangulation.h"
@@ -32,19 +33,7 @@ void registerTypeNode() {
         std::abort();
 }
 
-// Ten lines of 100 characters of running text, 1,000 characters in all.
-std::string paragraph() {
-    const std::string words = "The quick brown fox jumps over the lazy dog while 0123456789 clocks tick; ";
-    std::string text;
-    std::size_t next = 0;
-    for (int line = 0; line < 10; ++line) {
-        if (line > 0)
-            text += '\n';
-        for (int i = 0; i < 100; ++i)
-            text += words[next++ % words.size()];
-    }
-    return text;
-}
+using bench::paragraph;
 
 // A fresh scene with one type node in DejaVu Sans at curve resolution 4,
 // evaluated once with an empty text: the font catalogue is read and the face
