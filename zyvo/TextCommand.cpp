@@ -15,6 +15,7 @@
 #include <OpenZyvo/ZSelectionList.h>
 #include <OpenZyvo/ZStringArray.h>
 #include <OpenZyvoHost/ZHostPlugins.h>
+#include <OpenZyvoHost/ZHostScripts.h>
 #include <algorithm>
 #include <cstdio>
 #include <initializer_list>
@@ -25,16 +26,12 @@ namespace {
 
 constexpr char kPlugin[] = "Type";
 constexpr char kCreateText[] = "typeCreateText";
+constexpr char kSetText[] = "typeSetText";
 constexpr char kTypeNode[] = "type";
 // The flat text gets a shape of its own: the text object's shape shows the
 // extruded, deformed solid.
 constexpr char kFlatTransform[] = "flatText";
 constexpr char kFlatShape[] = "flatTextShape";
-
-// The font a type node falls back on, so that the default text shows without
-// a complaint about a missing font.
-constexpr char kDefaultFont[] = "Liberation Serif";
-constexpr char kDefaultStyle[] = "Italic";
 
 // What the options accept: sizes a scene can hold, spacings and scales well
 // past any layout a user asks for. The alignments and curve resolutions are
@@ -47,18 +44,6 @@ constexpr double kMaxScale = 100; // kerning, leading and space width, either si
 
 void reportError(const std::string& text) {
     ZGlobal::displayError(ZString(text));
-}
-
-// The type node keeps its text as the UTF-8 bytes, each as two hexadecimal
-// digits and a blank.
-std::string hexText(const std::string& text) {
-    std::string hex;
-    char byte[4];
-    for (const char c : text) {
-        std::snprintf(byte, sizeof byte, "%02x ", static_cast<unsigned char>(c));
-        hex += byte;
-    }
-    return hex;
 }
 
 bool hasFormat(const std::string& file, std::initializer_list<ZHost::MeshFormat> formats) {
@@ -195,13 +180,19 @@ private:
     ZStatus m_status;
 };
 
+// The text goes in through the plug-in's own procedure, which knows the form
+// the node keeps it in.
+ZStatus setText(const std::string& text, const ZString& typeName) {
+    std::vector<std::string> result;
+    return ZHost::callProcedure(kSetText, {typeName.asStdString(), text}, result);
+}
+
 ZStatus applySettings(const TextRequest& request, std::optional<short> alignment, const ZObject& typeNode) {
     TypeSettings settings(typeNode);
-    if (request.text)
-        settings.set("textInput", ZString(hexText(*request.text)));
-    settings.set("currentFont", ZString(request.font.value_or(kDefaultFont)));
+    settings.set("currentFont", request.font ? std::optional(ZString(*request.font)) : std::nullopt);
     // A family of the user's without a style starts on none; chooseFace picks its regular one.
-    settings.set("currentStyle", ZString(request.style.value_or(request.font ? "" : kDefaultStyle)));
+    if (request.font || request.style)
+        settings.set("currentStyle", ZString(request.style.value_or("")));
     settings.set("fontSize", asFloat(request.size));
     settings.set("tracking", asFloat(request.tracking));
     settings.set("kerningScale", asFloat(request.kerning));
@@ -241,6 +232,11 @@ std::string joined(const std::vector<std::string>& names) {
     return text;
 }
 
+std::string currentFont(const ZObject& typeNode) {
+    const ZPlug plug = ZFnDependencyNode(typeNode).findPlug("currentFont", true);
+    return plug.isNull() ? std::string() : plug.asString().asStdString();
+}
+
 // Looks the font up the way the node will and settles the style, so that a
 // family named without a style, or with one it lacks, gives its regular
 // face rather than whichever face the node finds first. A family the node
@@ -251,7 +247,7 @@ ZStatus chooseFace(const TextRequest& request, const ZObject& typeNode) {
     std::vector<FontFamily> families;
     if (const ZStatus status = readCatalogue(typeNode, families); !status)
         return status;
-    const FontFamily* family = findFamily(families, request.font.value_or(kDefaultFont));
+    const FontFamily* family = findFamily(families, request.font ? *request.font : currentFont(typeNode));
     if (!family)
         return ZStatus::kSuccess;
     const StyleChoice choice = chooseStyle(*family, request.style);
@@ -292,8 +288,7 @@ void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> c
     CLI::App* text =
         app.add_subcommand("text", "Lay out a text with the Type plug-in and write its flat mesh");
     text->add_option("string", request.text, "The text (default: the type node's own, \"3D Type\")");
-    text->add_option("--font", request.font,
-                     std::string("Font family (default: ") + kDefaultFont + " " + kDefaultStyle + ")")
+    text->add_option("--font", request.font, "Font family (default: the one a new text object starts in)")
         ->type_name("FAMILY");
     text->add_option("--style", request.style,
                      "Font style (default: the family's Regular, Book, Roman or Normal face)")
@@ -344,6 +339,9 @@ ZStatus runText(const TextRequest& request, Host& host) {
     ZString typeName;
     if (const ZStatus status = createTextObject(typeNode, typeName); !status)
         return status;
+    if (request.text)
+        if (const ZStatus status = setText(*request.text, typeName); !status)
+            return status;
     if (const ZStatus status = applySettings(request, alignment, typeNode); !status)
         return status;
     if (const ZStatus status = chooseFace(request, typeNode); !status)
@@ -374,12 +372,6 @@ ZStatus listFonts() {
     ZString typeName;
     if (const ZStatus status = createTextObject(typeNode, typeName); !status)
         return status;
-    // The node scans with a font of its own set, so that it reports nothing missing.
-    TypeSettings settings(typeNode);
-    settings.set("currentFont", ZString(kDefaultFont));
-    settings.set("currentStyle", ZString(kDefaultStyle));
-    if (!settings.status())
-        return settings.status();
     std::vector<FontFamily> families;
     if (const ZStatus status = readCatalogue(typeNode, families); !status)
         return status;

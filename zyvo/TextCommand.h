@@ -19,8 +19,8 @@ class Host;
 struct TextRequest {
     // The type node's own text, "3D Type", when not given.
     std::optional<std::string> text;
-    // The default font, Liberation Serif Italic, when neither is given; a
-    // family without a style gets its regular face.
+    // The font a new text object starts in when neither is given; a family
+    // without a style gets its regular face.
     std::optional<std::string> font;
     std::optional<std::string> style;
     std::optional<double> size;

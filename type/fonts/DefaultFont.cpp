@@ -2,7 +2,6 @@
 
 #include <fontconfig/fontconfig.h>
 #include <memory>
-#include <string>
 
 namespace type {
 
@@ -16,8 +15,7 @@ using Pattern = std::unique_ptr<FcPattern, PatternDestroy>;
 } // namespace
 
 ZString defaultFontPath() {
-    const std::string name = std::string(kDefaultFontFamily) + ":style=" + kDefaultFontStyle;
-    const Pattern pattern(FcNameParse(reinterpret_cast<const FcChar8*>(name.c_str())));
+    const Pattern pattern(FcNameParse(reinterpret_cast<const FcChar8*>("Times New Roman:style=Italic")));
     if (!pattern)
         return {};
     FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);

@@ -5,13 +5,11 @@
 
 namespace type {
 
-// The font the node falls back on when the chosen one is missing, so the scene
-// still shows its text: a serif italic.
-inline constexpr char kDefaultFontFamily[] = "Liberation Serif";
-inline constexpr char kDefaultFontStyle[] = "Italic";
-
-// The file of the default font as fontconfig finds it, or the closest match;
-// empty when no font at all can be found.
+// The file of the font the node falls back on when the chosen one is missing,
+// so that the scene still shows its text: the face other platforms fall back
+// on, Times New Roman Italic, or what fontconfig offers in its place (its
+// metric-compatible stand-in, or the closest match); empty when no font at
+// all can be found.
 ZString defaultFontPath();
 
 constexpr std::uint32_t kDefaultFontFaceIndex = 0;

@@ -19,6 +19,13 @@ OZ_API ZStatus runCommandScript(const std::string& source, bool echo, const std:
 // error that says why.
 OZ_API ZStatus runCommandFile(const std::string& path, bool echo);
 
+// Calls a command or script procedure by name with string arguments, as a
+// script would, without writing them into source text, so that any text
+// arrives exactly as given. `result` gets the items of what it returned
+// (one item for a single value, none for nothing).
+OZ_API ZStatus callProcedure(const std::string& name, const std::vector<std::string>& arguments,
+                             std::vector<std::string>& result);
+
 struct PythonResult {
     ZStatus status;
     bool hasValue = false; // the code was an expression with a value other than None

@@ -1,3 +1,5 @@
+#include "commands/ArgListData.h"
+#include "commands/Executor.h"
 #include "commands/Interpreter.h"
 #include "commands/SourceFile.h"
 #include "python/PythonRuntime.h"
@@ -42,6 +44,21 @@ ZStatus runCommandFile(const std::string& path, bool echo) {
         return ZStatus::kNotFound;
     }
     return runCommandScript(*text, echo, path);
+}
+
+ZStatus callProcedure(const std::string& name, const std::vector<std::string>& arguments,
+                      std::vector<std::string>& result) {
+    std::vector<oz::cmd::ArgItem> items;
+    for (const std::string& argument : arguments)
+        items.push_back({oz::cmd::Value(argument), false});
+    oz::cmd::Value value;
+    const ZStatus status = oz::cmd::Executor::invoke(name, items, value);
+    result.clear();
+    if (const auto* strings = std::get_if<std::vector<std::string>>(&value))
+        result = *strings;
+    else if (!oz::cmd::isEmpty(value))
+        result.push_back(oz::cmd::toText(value));
+    return status;
 }
 
 PythonResult runPython(const std::string& code) {

@@ -120,6 +120,19 @@ TEST_F(HostInterface, PythonExpressionsYieldTheirValue) {
     EXPECT_TRUE(contains(lastError(), "boom")) << lastError();
 }
 
+TEST_F(HostInterface, ProcedureArgumentsArriveExactlyAsGiven) {
+    ASSERT_TRUE(
+        ZHost::runPython("import zyvo\nzyvo.registerProcedure('echoArguments', lambda *a: list(a))").status);
+    const std::vector<std::string> arguments{"say \"hi\";\n", "back\\slash", "\xc3\xbc", ""};
+    std::vector<std::string> result;
+    EXPECT_TRUE(ZHost::callProcedure("echoArguments", arguments, result));
+    EXPECT_EQ(result, arguments);
+    EXPECT_TRUE(ZHost::callProcedure("objExists", {"time1"}, result)) << lastError();
+    EXPECT_EQ(result, std::vector<std::string>{"true"}) << "a command's value comes back as its text";
+    EXPECT_FALSE(ZHost::callProcedure("noSuchProcedure", {}, result));
+    EXPECT_TRUE(contains(lastError(), "noSuchProcedure")) << lastError();
+}
+
 TEST_F(HostInterface, PythonFilesRunAsMainWithTheirArguments) {
     const fs::path file = m_folder / "it's main.py";
     std::ofstream(file) << "import sys, builtins\n"

@@ -45,6 +45,20 @@ TEST_F(TypeScripts, TwoTextObjectsKeepToThemselves) {
     EXPECT_THAT(sourcesOf("type2.transformMessage"), ElementsAre("typeMesh2.message"));
 }
 
+// A new text object draws without the node's complaint about a missing font.
+TEST_F(TypeScripts, NewTextStartsInAnInstalledFont) {
+    ASSERT_TRUE(run("typeCreateText"));
+    EXPECT_NE(text("getAttr type1.currentFont"), "");
+    EXPECT_GT(std::stoi(text("getAttr type1.numberOfShells")), 0);
+    EXPECT_EQ(text("getAttr type1.fontError"), "");
+}
+
+TEST_F(TypeScripts, SetTextKeepsEveryByteOfTheText) {
+    ASSERT_TRUE(run("typeCreateText"));
+    ASSERT_TRUE(run("typeSetText \"type1\" \"\\\"\\\\\xc3\xbc\""));
+    EXPECT_EQ(text("getAttr type1.textInput"), "22 5c c3 bc ");
+}
+
 // A text object that cannot be wired up is not left half made.
 TEST_F(TypeScripts, CreateTextTakesBackWhatItMadeWhenWiringFails) {
     python("import zyvo.cmds\n"

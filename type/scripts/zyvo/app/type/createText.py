@@ -2,6 +2,9 @@
 
 import zyvo.cmds as cmds
 
+# The font a new text object starts in.
+DEFAULT_FONT = ("Liberation Serif", "Italic")
+
 
 def typeCreateText():
     """Creates a text object and returns the names of its nodes: the type
@@ -31,6 +34,8 @@ def _build(created):
         return created[-1]
 
     text = make("type")
+    cmds.setAttr(text + ".currentFont", DEFAULT_FONT[0], type="string")
+    cmds.setAttr(text + ".currentStyle", DEFAULT_FONT[1], type="string")
     extrude = make("typeExtrude")
     animation = make("shellDeformer")
     adjust = make("vectorAdjust")

@@ -2,13 +2,14 @@
 
 import zyvo
 
-from zyvo.app.type import createText, extruderGroupIds, toolValues
+from zyvo.app.type import createText, extruderGroupIds, textInput, toolValues
 
 # Procedures the plug-in's nodes, tools and menus call by name.
 PROCEDURES = {
     "typeCreateText": createText.typeCreateText,
     "createExtruderGroupIds": extruderGroupIds.createExtruderGroupIds,
     "typeTRSToolValues": toolValues.typeTRSToolValues,
+    "typeSetText": textInput.typeSetText,
 }
 
 
