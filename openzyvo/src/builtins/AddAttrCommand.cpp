@@ -12,7 +12,9 @@
 #include <OpenZyvo/ZDGModifier.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "addAttr";
@@ -200,4 +202,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<AddAttrCommand>(); }, AddAttrCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

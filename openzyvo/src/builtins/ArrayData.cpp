@@ -3,7 +3,7 @@
 #include "data/ValueData.h"
 #include "graph/Attribute.h"
 
-namespace oz::scene {
+namespace oz::builtins {
 
 bool holdsArrayData(const Attribute& attribute) {
     if (attribute.kind != Attribute::Kind::Typed)
@@ -35,4 +35,4 @@ std::optional<unsigned int> arrayDataLength(const Data& data) {
     return std::nullopt;
 }
 
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -15,7 +15,9 @@
 #include <functional>
 #include <optional>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "attributeQuery";
@@ -341,4 +343,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<AttributeQueryCommand>(); }, AttributeQueryCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

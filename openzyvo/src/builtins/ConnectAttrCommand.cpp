@@ -8,7 +8,9 @@
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "connectAttr";
@@ -81,4 +83,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<ConnectAttrCommand>(); }, ConnectAttrCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

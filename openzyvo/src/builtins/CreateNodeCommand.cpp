@@ -16,7 +16,9 @@
 #include <OpenZyvo/ZDGModifier.h>
 #include <OpenZyvo/ZSelectionList.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "createNode";
@@ -166,4 +168,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<CreateNodeCommand>(); }, CreateNodeCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

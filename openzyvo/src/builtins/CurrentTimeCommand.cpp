@@ -6,7 +6,9 @@
 #include <OpenZyvoAnim/ZAnimControl.h>
 #include <optional>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "currentTime";
@@ -58,4 +60,4 @@ public:
 const cmd::BuiltinCommand registration(kName, [] { return std::make_unique<CurrentTimeCommand>(); });
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

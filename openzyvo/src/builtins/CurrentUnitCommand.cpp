@@ -6,7 +6,9 @@
 
 #include <OpenZyvo/ZArgDatabase.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "currentUnit";
@@ -75,4 +77,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<CurrentUnitCommand>(); }, CurrentUnitCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -9,7 +9,9 @@
 #include <OpenZyvo/ZStringArray.h>
 #include <algorithm>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "delete";
@@ -70,4 +72,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<DeleteCommand>(); }, DeleteCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

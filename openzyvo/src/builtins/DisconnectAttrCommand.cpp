@@ -8,7 +8,9 @@
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "disconnectAttr";
@@ -46,4 +48,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<DisconnectAttrCommand>(); }, DisconnectAttrCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

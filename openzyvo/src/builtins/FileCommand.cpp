@@ -7,7 +7,9 @@
 #include <OpenZyvo/ZFileIO.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "file";
@@ -97,4 +99,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<FileCommand>(); }, FileCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -7,7 +7,9 @@
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 // fileInfo <key> <value> keeps a note that the scene file stores;
@@ -41,4 +43,4 @@ const cmd::BuiltinCommand registration(
     "fileInfo", [] { return std::make_unique<FileInfoCommand>(); }, FileInfoCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -15,7 +15,9 @@
 #include <OpenZyvo/ZStringArray.h>
 #include <optional>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "getAttr";
@@ -91,4 +93,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<GetAttrCommand>(); }, GetAttrCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

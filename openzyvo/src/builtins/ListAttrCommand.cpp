@@ -14,7 +14,9 @@
 #include <OpenZyvo/ZStringArray.h>
 #include <algorithm>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "listAttr";
@@ -184,4 +186,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<ListAttrCommand>(); }, ListAttrCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -10,7 +10,9 @@
 #include <OpenZyvo/ZStringArray.h>
 #include <algorithm>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "listConnections";
@@ -110,4 +112,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<ListConnectionsCommand>(); }, ListConnectionsCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -11,7 +11,9 @@
 #include <OpenZyvo/ZStringArray.h>
 #include <algorithm>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "listRelatives";
@@ -109,4 +111,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<ListRelativesCommand>(); }, ListRelativesCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -12,7 +12,9 @@
 #include <OpenZyvo/ZStringArray.h>
 #include <algorithm>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 // ls [-type t]... [-sl] [-l] [names or patterns...]: the names of the nodes
@@ -80,4 +82,4 @@ const cmd::BuiltinCommand registration(
     "ls", [] { return std::make_unique<LsCommand>(); }, LsCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -4,7 +4,7 @@
 
 #include <OpenZyvo/ZDGModifier.h>
 
-namespace oz::scene {
+namespace oz::builtins {
 
 // A built-in command whose whole edit is one graph modifier: undo and redo
 // replay the modifier, so the command keeps no state of its own to restore.
@@ -18,4 +18,4 @@ protected:
     ZDGModifier m_modifier;
 };
 
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -3,7 +3,9 @@
 #include "scene/CommandMessages.h"
 #include "scene/SceneLookup.h"
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 
 bool namedOrSelectedNodes(std::string_view command, const ZStringArray& objects, std::vector<Node*>& nodes) {
     if (objects.length() == 0) {
@@ -18,4 +20,4 @@ bool namedOrSelectedNodes(std::string_view command, const ZStringArray& objects,
     return resolveNodes(command, names, nodes);
 }
 
-} // namespace oz::scene
+} // namespace oz::builtins

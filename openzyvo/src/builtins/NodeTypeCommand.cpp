@@ -9,7 +9,9 @@
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "nodeType";
@@ -115,4 +117,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<NodeTypeCommand>(); }, NodeTypeCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -6,7 +6,9 @@
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 // objExists <name>: whether a node or a plug ("node.attr[1]") of that name exists.
@@ -33,4 +35,4 @@ const cmd::BuiltinCommand registration(
     "objExists", [] { return std::make_unique<ObjExistsCommand>(); }, ObjExistsCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -17,7 +17,9 @@
 #include <memory>
 #include <optional>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "parent";
@@ -282,4 +284,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<ParentCommand>(); }, ParentCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

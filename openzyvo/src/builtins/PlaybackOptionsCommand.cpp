@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <array>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "playbackOptions";
@@ -96,4 +98,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<PlaybackOptionsCommand>(); }, PlaybackOptionsCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

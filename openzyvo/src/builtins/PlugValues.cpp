@@ -13,7 +13,9 @@
 #include <OpenZyvo/ZPlug.h>
 #include <cmath>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 
 namespace {
 
@@ -265,4 +267,4 @@ bool queuePlugValue(ZDGModifier& modifier, const ZPlug& plug, const std::string&
     return queueNumbers(modifier, plug, leaf, leaves, values, error);
 }
 
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -8,7 +8,7 @@
 class ZDGModifier;
 class ZPlug;
 
-namespace oz::scene {
+namespace oz::builtins {
 
 // The value of a plug as getAttr returns it: a number (bool, int or double,
 // in the user's units), a tuple or a compound of numbers as a double array,
@@ -23,4 +23,4 @@ bool readPlugValue(const ZPlug& plug, cmd::Value& value, std::string& error);
 bool queuePlugValue(ZDGModifier& modifier, const ZPlug& plug, const std::string& dataType,
                     std::span<const cmd::Value> values, std::string& error);
 
-} // namespace oz::scene
+} // namespace oz::builtins

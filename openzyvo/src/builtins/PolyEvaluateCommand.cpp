@@ -11,7 +11,9 @@
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "polyEvaluate";
@@ -94,4 +96,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<PolyEvaluateCommand>(); }, PolyEvaluateCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

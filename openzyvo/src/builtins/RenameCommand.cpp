@@ -10,7 +10,9 @@
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "rename";
@@ -54,4 +56,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<RenameCommand>(); }, RenameCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

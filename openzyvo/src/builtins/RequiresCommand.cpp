@@ -6,7 +6,9 @@
 #include <OpenZyvo/ZArgDatabase.h>
 #include <OpenZyvo/ZStringArray.h>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "requires";
@@ -44,4 +46,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<RequiresCommand>(); }, RequiresCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -3,7 +3,7 @@
 #include "commands/Executor.h"
 #include "commands/Value.h"
 
-namespace oz::scene {
+namespace oz::builtins {
 
 // Gives the running command its result in any of the language's types.
 inline void setResultValue(cmd::Value value) {
@@ -11,4 +11,4 @@ inline void setResultValue(cmd::Value value) {
         *result = std::move(value);
 }
 
-} // namespace oz::scene
+} // namespace oz::builtins

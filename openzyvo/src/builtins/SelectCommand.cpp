@@ -8,7 +8,9 @@
 #include <OpenZyvo/ZStringArray.h>
 #include <algorithm>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "select";
@@ -84,4 +86,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<SelectCommand>(); }, SelectCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -10,7 +10,9 @@
 #include <optional>
 #include <span>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "setAttr";
@@ -115,4 +117,4 @@ private:
 const cmd::BuiltinCommand registration(kName, [] { return std::make_unique<SetAttrCommand>(); });
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

@@ -14,7 +14,9 @@
 #include <OpenZyvoAnim/ZFnAnimCurve.h>
 #include <optional>
 
-namespace oz::scene {
+namespace oz::builtins {
+
+using namespace scene;
 namespace {
 
 constexpr const char* kName = "setKeyframe";
@@ -155,4 +157,4 @@ const cmd::BuiltinCommand registration(
     kName, [] { return std::make_unique<SetKeyframeCommand>(); }, SetKeyframeCommand::newSyntax);
 
 } // namespace
-} // namespace oz::scene
+} // namespace oz::builtins

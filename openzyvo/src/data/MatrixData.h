@@ -4,9 +4,9 @@
 
 #include <OpenZyvo/ZMatrix.h>
 
-namespace oz::nodes {
+namespace oz {
 
 // The value of a matrix attribute.
 using MatrixData = ValueData<ZMatrix, ZFn::kMatrixData, ZFnData::kMatrix>;
 
-} // namespace oz::nodes
+} // namespace oz

@@ -3,7 +3,7 @@
 
 #include <OpenZyvo/ZFnMatrixData.h>
 
-using oz::nodes::MatrixData;
+using oz::MatrixData;
 
 ZFnMatrixData::ZFnMatrixData(const ZObject& object, ZStatus* status) {
     oz::setStatus(status, setObject(object));

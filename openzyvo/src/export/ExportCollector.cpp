@@ -13,7 +13,7 @@
 #include <OpenZyvo/ZPlug.h>
 #include <map>
 
-namespace oz::nodes {
+namespace oz::exporter {
 
 namespace {
 
@@ -31,10 +31,10 @@ ZObject meshShapeOf(const ZObject& node) {
     return shape.hasFn(ZFn::kMesh) ? shape : ZObject();
 }
 
-exporter::ExportMaterial materialOf(const ZObject& engine) {
-    exporter::ExportMaterial material;
+ExportMaterial materialOf(const ZObject& engine) {
+    ExportMaterial material;
     material.name = ZFnDependencyNode(engine).name().asStdString();
-    const ZPlug colour(engine, ShadingEngineNode::surfaceShader);
+    const ZPlug colour(engine, nodes::ShadingEngineNode::surfaceShader);
     for (unsigned int channel = 0; channel < 3; ++channel)
         material.baseColor[channel] = colour.child(channel).asFloat();
     return material;
@@ -43,7 +43,7 @@ exporter::ExportMaterial materialOf(const ZObject& engine) {
 // Materials of the scene, one per shading engine, in the order the engines are met.
 class MaterialTable {
 public:
-    explicit MaterialTable(exporter::ExportScene& scene)
+    explicit MaterialTable(ExportScene& scene)
         : m_scene(scene) {}
 
     std::size_t indexOf(const ZObject& engine) {
@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    exporter::ExportScene& m_scene;
+    ExportScene& m_scene;
     std::map<const Node*, std::size_t> m_index;
 };
 
@@ -71,7 +71,7 @@ void addPrimitives(ConvertedMesh& converted, const std::vector<ZObject>& faceEng
         const std::size_t material = materials.indexOf(engine);
         const auto [it, added] = primitiveOfMaterial.emplace(material, primitives.size());
         if (added)
-            primitives.push_back(exporter::ExportPrimitive{material, {}});
+            primitives.push_back(ExportPrimitive{material, {}});
         primitives[it->second].triangles.push_back(static_cast<std::uint32_t>(t));
     }
 }
@@ -81,13 +81,13 @@ void addPrimitives(ConvertedMesh& converted, const std::vector<ZObject>& faceEng
 std::vector<ZObject> sceneMeshShapes() {
     std::vector<ZObject> shapes;
     for (const auto& node : Graph::instance().nodes())
-        if (node->state == Node::State::Live && node->type->name == MeshShapeNode::kTypeName)
+        if (node->state == Node::State::Live && node->type->name == nodes::MeshShapeNode::kTypeName)
             shapes.push_back(wrapNode(*node));
     return shapes;
 }
 
-ZStatus collectExportScene(const std::vector<ZObject>& nodes, exporter::ExportScene& scene, ZString* error) {
-    scene = exporter::ExportScene();
+ZStatus collectExportScene(const std::vector<ZObject>& nodes, ExportScene& scene, ZString* error) {
+    scene = ExportScene();
     MaterialTable materials(scene);
     for (const ZObject& node : nodes) {
         const ZObject shape = meshShapeOf(node);
@@ -97,18 +97,18 @@ ZStatus collectExportScene(const std::vector<ZObject>& nodes, exporter::ExportSc
                                "': it is neither a mesh shape nor a transform of one");
             return ZStatus::kInvalidParameter;
         }
-        const ZObject meshData = ZPlug(shape, MeshShapeNode::outMesh).asZObject();
+        const ZObject meshData = ZPlug(shape, nodes::MeshShapeNode::outMesh).asZObject();
         if (meshData.isNull())
             continue;
         Node& shapeNode = *nodeOf(shape);
         Node* transform = shapeNode.dagParent;
         ConvertedMesh converted;
         ZStatus status =
-            convertForExport(meshData, worldMatrixOf(shapeNode),
+            convertForExport(meshData, nodes::worldMatrixOf(shapeNode),
                              (transform ? transform->name : shapeNode.name).asStdString(), converted);
         std::vector<ZObject> faceEngines;
         if (status)
-            status = faceShadingEngines(shape, meshData, ZFnMesh(meshData).numPolygons(), faceEngines);
+            status = nodes::faceShadingEngines(shape, meshData, ZFnMesh(meshData).numPolygons(), faceEngines);
         if (!status) {
             explain(error, ZString("cannot export '") + shapeNode.name + "': " + status.errorString());
             return status;
@@ -119,4 +119,4 @@ ZStatus collectExportScene(const std::vector<ZObject>& nodes, exporter::ExportSc
     return ZStatus::kSuccess;
 }
 
-} // namespace oz::nodes
+} // namespace oz::exporter

@@ -8,7 +8,7 @@
 #include <vector>
 
 // What the host hands to the export writers (OBJ, STL, glTF, previews).
-namespace oz::nodes {
+namespace oz::exporter {
 
 // Every mesh shape of the scene, in the order the shapes were made.
 std::vector<ZObject> sceneMeshShapes();
@@ -22,7 +22,6 @@ std::vector<ZObject> sceneMeshShapes();
 //
 // Fails with kInvalidParameter, and `error` says which node, for a node that is not a mesh shape
 // or a transform over exactly one.
-ZStatus collectExportScene(const std::vector<ZObject>& nodes, exporter::ExportScene& scene,
-                           ZString* error = nullptr);
+ZStatus collectExportScene(const std::vector<ZObject>& nodes, ExportScene& scene, ZString* error = nullptr);
 
-} // namespace oz::nodes
+} // namespace oz::exporter

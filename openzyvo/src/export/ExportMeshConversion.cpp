@@ -10,7 +10,7 @@
 #include <cmath>
 #include <cstdint>
 
-namespace oz::nodes {
+namespace oz::exporter {
 
 namespace {
 
@@ -62,7 +62,7 @@ ZStatus convertForExport(const ZObject& meshData, const ZMatrix& toWorld, std::s
             return step;
 
     out = ConvertedMesh();
-    exporter::ExportMesh& mesh = out.mesh;
+    ExportMesh& mesh = out.mesh;
     mesh.name = std::move(name);
     mesh.positions.reserve(points.length());
     for (const ZPoint& p : points) {
@@ -114,4 +114,4 @@ ZStatus convertForExport(const ZObject& meshData, const ZMatrix& toWorld, std::s
     return ZStatus::kSuccess;
 }
 
-} // namespace oz::nodes
+} // namespace oz::exporter

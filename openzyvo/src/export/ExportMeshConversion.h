@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-namespace oz::nodes {
+namespace oz::exporter {
 
 // One mesh as the export writers take it, and for each of its triangles the face it came from.
 struct ConvertedMesh {
-    exporter::ExportMesh mesh;
+    ExportMesh mesh;
     std::vector<int> triangleFaces;
 };
 
@@ -23,4 +23,4 @@ struct ConvertedMesh {
 ZStatus convertForExport(const ZObject& meshData, const ZMatrix& toWorld, std::string name,
                          ConvertedMesh& out);
 
-} // namespace oz::nodes
+} // namespace oz::exporter

@@ -76,7 +76,7 @@ ZStatus gatherMeshes(const std::vector<std::string>& nodes, MeshScene& scene) {
     }
     MeshScene gathered;
     ZString error;
-    const ZStatus status = oz::nodes::collectExportScene(objects, MeshSceneAccess::meshes(gathered), &error);
+    const ZStatus status = oz::exporter::collectExportScene(objects, MeshSceneAccess::meshes(gathered), &error);
     if (!status) {
         std::string names;
         for (const std::string& node : nodes)

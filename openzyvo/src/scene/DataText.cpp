@@ -95,7 +95,7 @@ std::shared_ptr<Data> parseWith(ValueList& list, ZFnData::Type type, std::string
             for (int column = 0; column < 4; ++column)
                 if (!list.number(matrix.matrix[row][column], error))
                     return nullptr;
-        return std::make_shared<nodes::MatrixData>(matrix);
+        return std::make_shared<MatrixData>(matrix);
     }
     case ZFnData::kMesh:
         return parseMesh(list, error);
@@ -145,7 +145,7 @@ bool formatData(const Data& data, std::string& out) {
             for (double c : {p.x, p.y, p.z, p.w})
                 appendNumber(out, c);
         }
-    } else if (const auto* matrix = dynamic_cast<const nodes::MatrixData*>(&data)) {
+    } else if (const auto* matrix = dynamic_cast<const MatrixData*>(&data)) {
         for (const auto& row : matrix->value.matrix)
             for (double c : row)
                 appendNumber(out, c);
@@ -182,7 +182,7 @@ std::optional<cmd::Value> dataValue(const Data& data) {
     } else if (const auto* points = dynamic_cast<const PointArrayData*>(&data)) {
         for (unsigned int i = 0; i < points->value.length(); ++i)
             out.insert(out.end(), {points->value[i].x, points->value[i].y, points->value[i].z});
-    } else if (const auto* matrix = dynamic_cast<const nodes::MatrixData*>(&data)) {
+    } else if (const auto* matrix = dynamic_cast<const MatrixData*>(&data)) {
         for (const auto& row : matrix->value.matrix)
             out.insert(out.end(), row, row + 4);
     } else if (const auto* mesh = dynamic_cast<const MeshData*>(&data)) {

@@ -59,7 +59,7 @@ std::vector<std::uint32_t> trianglesOf(const ExportMesh& mesh, std::size_t primi
 TEST_F(ExportCollector, ObjectGroupsBoundToEnginesBecomePrimitives) {
     ExportScene scene;
     ZString error;
-    ASSERT_TRUE(oz::nodes::collectExportScene({letter}, scene, &error)) << error.asChar();
+    ASSERT_TRUE(oz::exporter::collectExportScene({letter}, scene, &error)) << error.asChar();
     ASSERT_EQ(scene.meshes.size(), 1u);
     const ExportMesh& mesh = scene.meshes[0];
     EXPECT_EQ(mesh.name, "letter");
@@ -88,7 +88,7 @@ TEST_F(ExportCollector, GroupIdAndShaderAreReadAtExportTime) {
     ASSERT_TRUE(plug("groupId1.groupId").setValue(11));
     ASSERT_TRUE(plug("lambert1.colorG").setValue(1.0f));
     ExportScene scene;
-    ASSERT_TRUE(oz::nodes::collectExportScene(oz::nodes::sceneMeshShapes(), scene));
+    ASSERT_TRUE(oz::exporter::collectExportScene(oz::exporter::sceneMeshShapes(), scene));
     ASSERT_EQ(scene.meshes.size(), 1u);
     EXPECT_EQ(trianglesOf(scene.meshes[0], 0), (std::vector<std::uint32_t>{2, 3, 4, 5}))
         << "both members now name group 11";
@@ -99,12 +99,12 @@ TEST_F(ExportCollector, GroupIdAndShaderAreReadAtExportTime) {
 TEST_F(ExportCollector, RefusesNodesThatShowNoMesh) {
     ExportScene scene;
     ZString error;
-    EXPECT_EQ(oz::nodes::collectExportScene({letter, createNode("groupId", "notAShape")}, scene, &error),
+    EXPECT_EQ(oz::exporter::collectExportScene({letter, createNode("groupId", "notAShape")}, scene, &error),
               ZStatus::kInvalidParameter);
     EXPECT_NE(error.asStdString().find("notAShape"), std::string::npos) << error.asChar();
 
     createDag("mesh", "emptyShape");
-    ASSERT_TRUE(oz::nodes::collectExportScene(oz::nodes::sceneMeshShapes(), scene));
+    ASSERT_TRUE(oz::exporter::collectExportScene(oz::exporter::sceneMeshShapes(), scene));
     EXPECT_EQ(scene.meshes.size(), 1u) << "a shape without a mesh has nothing to write";
 }
 
@@ -124,7 +124,7 @@ private:
 
 TEST_F(ExportCollector, GltfKeepsTheMaterialSplitAndWorldBounds) {
     ExportScene scene;
-    ASSERT_TRUE(oz::nodes::collectExportScene({shape}, scene));
+    ASSERT_TRUE(oz::exporter::collectExportScene({shape}, scene));
     TempDirectory dir;
     const auto file = dir / "letter.glb";
     ASSERT_TRUE(oz::exporter::writeGlb(scene, file).ok());
@@ -178,8 +178,8 @@ ZObject holedSquare() {
 TEST(ExportMeshConversion, HolesMirrorsUvsAndColours) {
     ZMatrix mirror;
     mirror(0, 0) = -1.0;
-    oz::nodes::ConvertedMesh converted;
-    ASSERT_TRUE(oz::nodes::convertForExport(holedSquare(), mirror, "ring", converted));
+    oz::exporter::ConvertedMesh converted;
+    ASSERT_TRUE(oz::exporter::convertForExport(holedSquare(), mirror, "ring", converted));
     const ExportMesh& mesh = converted.mesh;
     ASSERT_EQ(mesh.triangles.size(), 8u) << "the hole is cut out";
     ASSERT_EQ(mesh.normals.size(), 24u);
