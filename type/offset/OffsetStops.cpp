@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <numeric>
 
 namespace type {
 
@@ -17,6 +18,7 @@ constexpr int kStepHalvings = 3;
 
 // The narrowest angle (radians, about 5 degrees) the wavefront may close a corner to.
 constexpr double kSliverAngle = 0.087;
+const double kSliverTangent = std::tan(kSliverAngle);
 
 double cross(const Point2& o, const Point2& a, const Point2& b) {
     return (a.x - o.x) * (b.y - o.y) - (a.y - o.y) * (b.x - o.x);
@@ -65,6 +67,35 @@ bool trianglesTouch(const Triangle& t, const Triangle& u) {
     return inside(t, u[0]) || inside(u, t[0]);
 }
 
+// Whether a line through two of `a`'s points has all of `a` on one side and
+// all of `b` strictly on the other: then their convex hulls, and so any
+// triangles of their points, are apart. Most pairs of nearby edges part here.
+bool separated(const std::array<Point2, 4>& a, const std::array<Point2, 4>& b) {
+    for (int i = 0; i < 4; ++i)
+        for (int j = i + 1; j < 4; ++j) {
+            const Point2& p = a[i];
+            const Point2& q = a[j];
+            if (p == q)
+                continue;
+            bool positive = false, negative = false;
+            for (const Point2& r : a) {
+                const int s = sign(cross(p, q, r));
+                positive = positive || s > 0;
+                negative = negative || s < 0;
+            }
+            if (positive && negative)
+                continue;
+            // The side b must keep to: away from a, or either side when a lies on the line.
+            int wanted = positive ? -1 : negative ? 1 : sign(cross(p, q, b[0]));
+            for (const Point2& r : b)
+                if (sign(cross(p, q, r)) != wanted)
+                    wanted = 0;
+            if (wanted != 0)
+                return true;
+        }
+    return false;
+}
+
 struct Box {
     Point2 min;
     Point2 max;
@@ -85,6 +116,13 @@ public:
         }
         current_ = origin_;
         next_ = origin_;
+        order_.resize(edges_.size());
+        std::iota(order_.begin(), order_.end(), 0);
+        for (const std::array<int, 3>& c : corners_) {
+            const Point2 u{origin_[c[2]].x - origin_[c[1]].x, origin_[c[2]].y - origin_[c[1]].y};
+            const Point2 w{origin_[c[0]].x - origin_[c[1]].x, origin_[c[0]].y - origin_[c[1]].y};
+            originAngles_.push_back(std::abs(std::atan2(u.x * w.y - u.y * w.x, u.x * w.x + u.y * w.y)));
+        }
     }
 
     // Each outline point's travel at its stop.
@@ -191,6 +229,10 @@ private:
     }
 
     bool sweptAreasTouch(const std::array<int, 2>& e, const std::array<int, 2>& f) const {
+        const std::array<Point2, 4> pe{current_[e[0]], current_[e[1]], next_[e[0]], next_[e[1]]};
+        const std::array<Point2, 4> pf{current_[f[0]], current_[f[1]], next_[f[0]], next_[f[1]]};
+        if (separated(pe, pf) || separated(pf, pe))
+            return false;
         const std::array<Triangle, 2> te = swept(e), tf = swept(f);
         for (const Triangle& t : te)
             for (const Triangle& u : tf)
@@ -209,53 +251,61 @@ private:
     // A corner folds when its two edges swing through lying on each other; one
     // that closes to a sliver is stopped short of that, since between two
     // steps its edges sweep curved areas that a sliver would not keep apart.
-    bool folds(const std::array<int, 3>& c) const {
-        const auto angle = [&](const std::vector<Point2>& at) {
+    bool folds(std::size_t corner) const {
+        const std::array<int, 3>& c = corners_[corner];
+        const auto arms = [&](const std::vector<Point2>& at, double& crossing, double& along) {
             const Point2 u{at[c[2]].x - at[c[1]].x, at[c[2]].y - at[c[1]].y};
             const Point2 w{at[c[0]].x - at[c[1]].x, at[c[0]].y - at[c[1]].y};
-            return std::atan2(u.x * w.y - u.y * w.x, u.x * w.x + u.y * w.y);
+            crossing = u.x * w.y - u.y * w.x;
+            along = u.x * w.x + u.y * w.y;
+            return (u.x != 0.0 || u.y != 0.0) && (w.x != 0.0 || w.y != 0.0);
         };
-        for (const std::vector<Point2>* at : {&origin_, &current_, &next_})
-            if ((*at)[c[0]] == (*at)[c[1]] || (*at)[c[2]] == (*at)[c[1]])
-                return false;
-        const double before = angle(current_);
-        const double after = angle(next_);
+        double crossBefore = 0.0, alongBefore = 0.0, crossAfter = 0.0, alongAfter = 0.0;
+        if (!arms(current_, crossBefore, alongBefore) || !arms(next_, crossAfter, alongAfter))
+            return false;
+        // Only a corner that is narrow now can fold or close to a sliver.
+        if (alongAfter <= 0.0 || std::abs(crossAfter) > kSliverTangent * alongAfter)
+            return false;
+        const double before = std::atan2(crossBefore, alongBefore);
+        const double after = std::atan2(crossAfter, alongAfter);
         if (sign(before) != sign(after) && std::abs(before - after) < std::numbers::pi)
             return true;
-        return std::abs(after) < std::min(std::abs(angle(origin_)), kSliverAngle) &&
+        return std::abs(after) < std::min(originAngles_[corner], kSliverAngle) &&
                std::abs(after) < std::abs(before);
     }
 
-    void mark(std::vector<int>& troubled, std::vector<char>& marked, int node) const {
-        if (moving(node) && !marked[node]) {
-            marked[node] = 1;
-            troubled.push_back(node);
+    void mark(int node) {
+        if (moving(node) && !marked_[node]) {
+            marked_[node] = 1;
+            troubled_.push_back(node);
         }
     }
 
-    std::vector<int> troubledNodes() const {
-        std::vector<int> troubled;
-        std::vector<char> marked(origin_.size(), 0);
-        std::vector<Box> boxes(edges_.size());
-        std::vector<int> order(edges_.size());
+    // The moving nodes of every edge or corner that goes wrong in this step.
+    const std::vector<int>& troubledNodes() {
+        troubled_.clear();
+        marked_.assign(origin_.size(), 0);
+        boxes_.resize(edges_.size());
         for (std::size_t e = 0; e < edges_.size(); ++e) {
-            boxes[e] = sweptBox(edges_[e]);
-            order[e] = static_cast<int>(e);
+            boxes_[e] = sweptBox(edges_[e]);
             if (turnsRound(edges_[e]))
                 for (const int node : edges_[e])
-                    mark(troubled, marked, node);
+                    mark(node);
         }
-        for (const std::array<int, 3>& c : corners_)
+        for (std::size_t c = 0; c < corners_.size(); ++c)
             if (folds(c))
-                for (const int node : c)
-                    mark(troubled, marked, node);
-        std::sort(order.begin(), order.end(), [&](int a, int b) { return boxes[a].min.x < boxes[b].min.x; });
-        for (std::size_t i = 0; i < order.size(); ++i) {
-            const std::array<int, 2>& e = edges_[order[i]];
-            const Box& be = boxes[order[i]];
-            for (std::size_t j = i + 1; j < order.size() && boxes[order[j]].min.x <= be.max.x; ++j) {
-                const std::array<int, 2>& f = edges_[order[j]];
-                const Box& bf = boxes[order[j]];
+                for (const int node : corners_[c])
+                    mark(node);
+        // The order of the last step is nearly right: insertion sort finishes it cheaply.
+        for (std::size_t i = 1; i < order_.size(); ++i)
+            for (std::size_t j = i; j > 0 && boxes_[order_[j]].min.x < boxes_[order_[j - 1]].min.x; --j)
+                std::swap(order_[j], order_[j - 1]);
+        for (std::size_t i = 0; i < order_.size(); ++i) {
+            const std::array<int, 2>& e = edges_[order_[i]];
+            const Box& be = boxes_[order_[i]];
+            for (std::size_t j = i + 1; j < order_.size() && boxes_[order_[j]].min.x <= be.max.x; ++j) {
+                const std::array<int, 2>& f = edges_[order_[j]];
+                const Box& bf = boxes_[order_[j]];
                 if (bf.min.y > be.max.y || bf.max.y < be.min.y)
                     continue;
                 if (e[0] == f[0] || e[0] == f[1] || e[1] == f[0] || e[1] == f[1])
@@ -264,10 +314,10 @@ private:
                     continue;
                 if (sweptAreasTouch(e, f))
                     for (const int node : {e[0], e[1], f[0], f[1]})
-                        mark(troubled, marked, node);
+                        mark(node);
             }
         }
-        return troubled;
+        return troubled_;
     }
 
     std::vector<int> nodeOf_;
@@ -277,8 +327,14 @@ private:
     std::vector<double> stop_;
     std::vector<std::array<int, 2>> edges_;
     std::vector<std::array<int, 3>> corners_;
+    std::vector<double> originAngles_;
     std::vector<Point2> current_;
     std::vector<Point2> next_;
+    // Scratch of troubledNodes, kept between steps.
+    std::vector<int> troubled_;
+    std::vector<char> marked_;
+    std::vector<Box> boxes_;
+    std::vector<int> order_;
 };
 
 } // namespace
