@@ -28,71 +28,74 @@ int sign(double value) {
     return (value > 0.0) - (value < 0.0);
 }
 
-bool within(const Point2& a, const Point2& b, const Point2& p) {
-    return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y &&
-           p.y <= std::max(a.y, b.y);
-}
-
-// Closed segments, either of which may be a single point.
-bool segmentsTouch(const Point2& a, const Point2& b, const Point2& c, const Point2& d) {
-    const int d1 = sign(cross(c, d, a));
-    const int d2 = sign(cross(c, d, b));
-    const int d3 = sign(cross(a, b, c));
-    const int d4 = sign(cross(a, b, d));
-    if (d1 * d2 < 0 && d3 * d4 < 0)
-        return true;
-    return (d1 == 0 && within(c, d, a) && (c != d || a == c)) ||
-           (d2 == 0 && within(c, d, b) && (c != d || b == c)) ||
-           (d3 == 0 && within(a, b, c) && (a != b || c == a)) ||
-           (d4 == 0 && within(a, b, d) && (a != b || d == a));
-}
-
 using Triangle = std::array<Point2, 3>;
 
-bool inside(const Triangle& t, const Point2& p) {
-    const double area = cross(t[0], t[1], t[2]);
-    if (area == 0.0)
+// Whether projecting both triangles on `axis` leaves a gap between them.
+bool apartAlong(const Point2& axis, const Triangle& t, const Triangle& u) {
+    if (axis.x == 0.0 && axis.y == 0.0)
         return false;
-    const int s = sign(area);
-    return sign(cross(t[0], t[1], p)) * s >= 0 && sign(cross(t[1], t[2], p)) * s >= 0 &&
-           sign(cross(t[2], t[0], p)) * s >= 0;
+    double tMin = INFINITY, tMax = -INFINITY, uMin = INFINITY, uMax = -INFINITY;
+    for (const Point2& p : t) {
+        const double s = axis.x * p.x + axis.y * p.y;
+        tMin = std::min(tMin, s);
+        tMax = std::max(tMax, s);
+    }
+    for (const Point2& p : u) {
+        const double s = axis.x * p.x + axis.y * p.y;
+        uMin = std::min(uMin, s);
+        uMax = std::max(uMax, s);
+    }
+    return tMax < uMin || uMax < tMin;
 }
 
-// Closed triangles, degenerate ones included.
+bool isPoint(const Triangle& t) {
+    return t[0] == t[1] && t[1] == t[2];
+}
+
+// Whether closed triangles share a point, flat ones included: they do unless
+// an edge normal of either, or the run of a flat one, parts them.
 bool trianglesTouch(const Triangle& t, const Triangle& u) {
-    for (int i = 0; i < 3; ++i)
-        for (int j = 0; j < 3; ++j)
-            if (segmentsTouch(t[i], t[(i + 1) % 3], u[j], u[(j + 1) % 3]))
-                return true;
-    return inside(t, u[0]) || inside(u, t[0]);
+    for (const Triangle* v : {&t, &u}) {
+        const bool flat = cross((*v)[0], (*v)[1], (*v)[2]) == 0.0;
+        for (int i = 0; i < 3; ++i) {
+            const Point2& a = (*v)[i];
+            const Point2& b = (*v)[(i + 1) % 3];
+            const Point2 edge{b.x - a.x, b.y - a.y};
+            if (apartAlong({-edge.y, edge.x}, t, u) || (flat && apartAlong(edge, t, u)))
+                return false;
+        }
+    }
+    return !(isPoint(t) && isPoint(u)) || t[0] == u[0];
 }
 
 // Whether a line through two of `a`'s points has all of `a` on one side and
 // all of `b` strictly on the other: then their convex hulls, and so any
 // triangles of their points, are apart. Most pairs of nearby edges part here.
 bool separated(const std::array<Point2, 4>& a, const std::array<Point2, 4>& b) {
-    for (int i = 0; i < 4; ++i)
-        for (int j = i + 1; j < 4; ++j) {
-            const Point2& p = a[i];
-            const Point2& q = a[j];
-            if (p == q)
-                continue;
-            bool positive = false, negative = false;
-            for (const Point2& r : a) {
-                const int s = sign(cross(p, q, r));
-                positive = positive || s > 0;
-                negative = negative || s < 0;
-            }
-            if (positive && negative)
-                continue;
-            // The side b must keep to: away from a, or either side when a lies on the line.
-            int wanted = positive ? -1 : negative ? 1 : sign(cross(p, q, b[0]));
-            for (const Point2& r : b)
-                if (sign(cross(p, q, r)) != wanted)
-                    wanted = 0;
-            if (wanted != 0)
-                return true;
+    // The points are an edge's ends now and after the step: the paths of its
+    // ends part neighbours most often, then the edge itself.
+    static constexpr int kLines[6][2] = {{0, 2}, {1, 3}, {0, 1}, {2, 3}, {0, 3}, {1, 2}};
+    for (const auto& [i, j] : kLines) {
+        const Point2& p = a[i];
+        const Point2& q = a[j];
+        if (p == q)
+            continue;
+        bool positive = false, negative = false;
+        for (const Point2& r : a) {
+            const int s = sign(cross(p, q, r));
+            positive = positive || s > 0;
+            negative = negative || s < 0;
         }
+        if (positive && negative)
+            continue;
+        // The side b must keep to: away from a, or either side when a lies on the line.
+        int wanted = positive ? -1 : negative ? 1 : sign(cross(p, q, b[0]));
+        for (const Point2& r : b)
+            if (sign(cross(p, q, r)) != wanted)
+                wanted = 0;
+        if (wanted != 0)
+            return true;
+    }
     return false;
 }
 
@@ -300,14 +303,17 @@ private:
         for (std::size_t i = 1; i < order_.size(); ++i)
             for (std::size_t j = i; j > 0 && boxes_[order_[j]].min.x < boxes_[order_[j - 1]].min.x; --j)
                 std::swap(order_[j], order_[j - 1]);
-        for (std::size_t i = 0; i < order_.size(); ++i) {
-            const std::array<int, 2>& e = edges_[order_[i]];
-            const Box& be = boxes_[order_[i]];
-            for (std::size_t j = i + 1; j < order_.size() && boxes_[order_[j]].min.x <= be.max.x; ++j) {
-                const std::array<int, 2>& f = edges_[order_[j]];
-                const Box& bf = boxes_[order_[j]];
+        sorted_.resize(order_.size());
+        for (std::size_t i = 0; i < order_.size(); ++i)
+            sorted_[i] = boxes_[order_[i]];
+        for (std::size_t i = 0; i < sorted_.size(); ++i) {
+            const Box& be = sorted_[i];
+            for (std::size_t j = i + 1; j < sorted_.size() && sorted_[j].min.x <= be.max.x; ++j) {
+                const Box& bf = sorted_[j];
                 if (bf.min.y > be.max.y || bf.max.y < be.min.y)
                     continue;
+                const std::array<int, 2>& e = edges_[order_[i]];
+                const std::array<int, 2>& f = edges_[order_[j]];
                 if (e[0] == f[0] || e[0] == f[1] || e[1] == f[0] || e[1] == f[1])
                     continue;
                 if (!moving(e[0]) && !moving(e[1]) && !moving(f[0]) && !moving(f[1]))
@@ -334,6 +340,7 @@ private:
     std::vector<int> troubled_;
     std::vector<char> marked_;
     std::vector<Box> boxes_;
+    std::vector<Box> sorted_;
     std::vector<int> order_;
 };
 
