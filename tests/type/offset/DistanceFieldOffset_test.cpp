@@ -133,6 +133,20 @@ TEST(DistanceFieldOffset, UnusableOutlinesComeBackUnchanged) {
     EXPECT_TRUE(none.empty());
 }
 
+TEST(DistanceFieldOffset, TangledOutlinesStillGiveOneFinitePointPerPoint) {
+    // Loops that cross themselves and each other, touch, and hold huge and tiny coordinates.
+    FaceOutline tangled = outline({{{0, 0}, {10, 10}, {10, 0}, {0, 10}},
+                                   {{5, 5}, {5, 5.000001}, {1e9, 5}, {5, -1e9}},
+                                   {{2, 2}, {8, 2}, {2, 2}, {8, 8}}});
+    tangled.loopSizes.push_back(7); // runs past the end of the points
+    for (const double d : {0.0, 0.1, 3.0, 1e12}) {
+        const std::vector<Point2> ring = offsetBy(tangled, d);
+        ASSERT_EQ(ring.size(), tangled.points.size());
+        for (const Point2& p : ring)
+            EXPECT_TRUE(std::isfinite(p.x) && std::isfinite(p.y)) << d;
+    }
+}
+
 TEST(DistanceFieldOffset, RepeatedPointsMoveWithTheirCorner) {
     const FaceOutline face = outline({{{0, 0}, {0, 0}, {4, 0}, {4, 4}, {4, 4}, {0, 4}, {0, 0}}});
     const std::vector<Point2> ring = offsetBy(face, 1.0);
