@@ -15,6 +15,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 // The step is halved this many times before the points of a colliding step stop.
 constexpr int kStepHalvings = 3;
+constexpr int kTries = kStepHalvings + 1;
 
 // The narrowest angle (radians, about 5 degrees) the wavefront may close a corner to.
 constexpr double kSliverAngle = 0.087;
@@ -118,7 +119,7 @@ public:
             start += static_cast<std::size_t>(size);
         }
         current_ = origin_;
-        next_ = origin_;
+        tries_.fill(origin_);
         order_.resize(edges_.size());
         std::iota(order_.begin(), order_.end(), 0);
         for (const std::array<int, 3>& c : corners_) {
@@ -131,25 +132,25 @@ public:
     // Each outline point's travel at its stop.
     std::vector<double> advance(double step, double maxDistance) {
         double distance = 0.0;
-        double length = step;
         while (std::any_of(stop_.begin(), stop_.end(), [](double s) { return s == kInfinity; }) &&
                distance < maxDistance) {
-            moveTo(distance + length);
-            std::vector<int> troubled = troubledNodes();
-            if (!troubled.empty() && length > step / (1 << kStepHalvings)) {
-                length /= 2.0;
-                continue;
+            for (int k = 0; k < kTries; ++k)
+                moveTo(tries_[k], distance + step / (1 << k));
+            findCandidates();
+            int k = 0;
+            while (k < kTries && goesWrong(tries_[k], false))
+                ++k;
+            if (k == kTries) {
+                k = kTries - 1;
+                std::vector<Point2>& next = tries_[k];
+                while (goesWrong(next, true))
+                    for (const int node : troubled_) {
+                        stop_[node] = distance;
+                        next[node] = current_[node];
+                    }
             }
-            while (!troubled.empty()) {
-                for (const int node : troubled) {
-                    stop_[node] = distance;
-                    next_[node] = current_[node];
-                }
-                troubled = troubledNodes();
-            }
-            current_ = next_;
-            distance += length;
-            length = step;
+            current_ = tries_[k];
+            distance += step / (1 << k);
         }
         std::vector<double> travels(nodeOf_.size(), 0.0);
         for (std::size_t i = 0; i < nodeOf_.size(); ++i) {
@@ -205,19 +206,19 @@ private:
                 corners_.push_back({first + (k + count - 1) % count, first + k, first + (k + 1) % count});
     }
 
-    void moveTo(double distance) {
+    void moveTo(std::vector<Point2>& next, double distance) const {
         for (std::size_t n = 0; n < origin_.size(); ++n)
-            next_[n] = stop_[n] == kInfinity ? Point2{origin_[n].x + velocity_[n].x * distance,
-                                                      origin_[n].y + velocity_[n].y * distance}
-                                             : current_[n];
+            next[n] = stop_[n] == kInfinity ? Point2{origin_[n].x + velocity_[n].x * distance,
+                                                     origin_[n].y + velocity_[n].y * distance}
+                                            : current_[n];
     }
 
     bool moving(int node) const { return stop_[node] == kInfinity; }
 
-    Box sweptBox(const std::array<int, 2>& edge) const {
+    Box sweptBox(const std::array<int, 2>& edge, const std::vector<Point2>& next) const {
         Box box{current_[edge[0]], current_[edge[0]]};
         for (const int node : edge)
-            for (const Point2& p : {current_[node], next_[node]}) {
+            for (const Point2& p : {current_[node], next[node]}) {
                 box.min = {std::min(box.min.x, p.x), std::min(box.min.y, p.y)};
                 box.max = {std::max(box.max.x, p.x), std::max(box.max.y, p.y)};
             }
@@ -225,18 +226,19 @@ private:
     }
 
     // The area an edge sweeps in this step, as the two triangles of its quad.
-    std::array<Triangle, 2> swept(const std::array<int, 2>& edge) const {
+    std::array<Triangle, 2> swept(const std::array<int, 2>& edge, const std::vector<Point2>& next) const {
         const Point2 a0 = current_[edge[0]], b0 = current_[edge[1]];
-        const Point2 a1 = next_[edge[0]], b1 = next_[edge[1]];
+        const Point2 a1 = next[edge[0]], b1 = next[edge[1]];
         return {Triangle{a0, b0, b1}, Triangle{a0, b1, a1}};
     }
 
-    bool sweptAreasTouch(const std::array<int, 2>& e, const std::array<int, 2>& f) const {
-        const std::array<Point2, 4> pe{current_[e[0]], current_[e[1]], next_[e[0]], next_[e[1]]};
-        const std::array<Point2, 4> pf{current_[f[0]], current_[f[1]], next_[f[0]], next_[f[1]]};
+    bool sweptAreasTouch(const std::array<int, 2>& e, const std::array<int, 2>& f,
+                         const std::vector<Point2>& next) const {
+        const std::array<Point2, 4> pe{current_[e[0]], current_[e[1]], next[e[0]], next[e[1]]};
+        const std::array<Point2, 4> pf{current_[f[0]], current_[f[1]], next[f[0]], next[f[1]]};
         if (separated(pe, pf) || separated(pf, pe))
             return false;
-        const std::array<Triangle, 2> te = swept(e), tf = swept(f);
+        const std::array<Triangle, 2> te = swept(e, next), tf = swept(f, next);
         for (const Triangle& t : te)
             for (const Triangle& u : tf)
                 if (trianglesTouch(t, u))
@@ -245,16 +247,16 @@ private:
     }
 
     // An edge that turns round has passed through zero length: its ends crossed.
-    bool turnsRound(const std::array<int, 2>& e) const {
+    bool turnsRound(const std::array<int, 2>& e, const std::vector<Point2>& next) const {
         const Point2 was{origin_[e[1]].x - origin_[e[0]].x, origin_[e[1]].y - origin_[e[0]].y};
-        const Point2 now{next_[e[1]].x - next_[e[0]].x, next_[e[1]].y - next_[e[0]].y};
+        const Point2 now{next[e[1]].x - next[e[0]].x, next[e[1]].y - next[e[0]].y};
         return was.x * now.x + was.y * now.y < 0.0;
     }
 
     // A corner folds when its two edges swing through lying on each other; one
     // that closes to a sliver is stopped short of that, since between two
     // steps its edges sweep curved areas that a sliver would not keep apart.
-    bool folds(std::size_t corner) const {
+    bool folds(std::size_t corner, const std::vector<Point2>& next) const {
         const std::array<int, 3>& c = corners_[corner];
         const auto arms = [&](const std::vector<Point2>& at, double& crossing, double& along) {
             const Point2 u{at[c[2]].x - at[c[1]].x, at[c[2]].y - at[c[1]].y};
@@ -264,7 +266,7 @@ private:
             return (u.x != 0.0 || u.y != 0.0) && (w.x != 0.0 || w.y != 0.0);
         };
         double crossBefore = 0.0, alongBefore = 0.0, crossAfter = 0.0, alongAfter = 0.0;
-        if (!arms(current_, crossBefore, alongBefore) || !arms(next_, crossAfter, alongAfter))
+        if (!arms(current_, crossBefore, alongBefore) || !arms(next, crossAfter, alongAfter))
             return false;
         // Only a corner that is narrow now can fold or close to a sliver.
         if (alongAfter <= 0.0 || std::abs(crossAfter) > kSliverTangent * alongAfter)
@@ -277,28 +279,12 @@ private:
                std::abs(after) < std::abs(before);
     }
 
-    void mark(int node) {
-        if (moving(node) && !marked_[node]) {
-            marked_[node] = 1;
-            troubled_.push_back(node);
-        }
-    }
-
-    // The moving nodes of every edge or corner that goes wrong in this step.
-    const std::vector<int>& troubledNodes() {
-        troubled_.clear();
-        marked_.assign(origin_.size(), 0);
+    // The pairs of edges whose areas swept in the longest try of this step may
+    // meet: a shorter try, or stopped nodes, sweep less.
+    void findCandidates() {
         boxes_.resize(edges_.size());
-        for (std::size_t e = 0; e < edges_.size(); ++e) {
-            boxes_[e] = sweptBox(edges_[e]);
-            if (turnsRound(edges_[e]))
-                for (const int node : edges_[e])
-                    mark(node);
-        }
-        for (std::size_t c = 0; c < corners_.size(); ++c)
-            if (folds(c))
-                for (const int node : corners_[c])
-                    mark(node);
+        for (std::size_t e = 0; e < edges_.size(); ++e)
+            boxes_[e] = sweptBox(edges_[e], tries_[0]);
         // The order of the last step is nearly right: insertion sort finishes it cheaply.
         for (std::size_t i = 1; i < order_.size(); ++i)
             for (std::size_t j = i; j > 0 && boxes_[order_[j]].min.x < boxes_[order_[j - 1]].min.x; --j)
@@ -306,6 +292,7 @@ private:
         sorted_.resize(order_.size());
         for (std::size_t i = 0; i < order_.size(); ++i)
             sorted_[i] = boxes_[order_[i]];
+        candidates_.clear();
         for (std::size_t i = 0; i < sorted_.size(); ++i) {
             const Box& be = sorted_[i];
             for (std::size_t j = i + 1; j < sorted_.size() && sorted_[j].min.x <= be.max.x; ++j) {
@@ -316,14 +303,46 @@ private:
                 const std::array<int, 2>& f = edges_[order_[j]];
                 if (e[0] == f[0] || e[0] == f[1] || e[1] == f[0] || e[1] == f[1])
                     continue;
-                if (!moving(e[0]) && !moving(e[1]) && !moving(f[0]) && !moving(f[1]))
-                    continue;
-                if (sweptAreasTouch(e, f))
-                    for (const int node : {e[0], e[1], f[0], f[1]})
-                        mark(node);
+                if (moving(e[0]) || moving(e[1]) || moving(f[0]) || moving(f[1]))
+                    candidates_.push_back({order_[i], order_[j]});
             }
         }
-        return troubled_;
+    }
+
+    // Whether an edge turns round, a corner folds or two edges' swept areas
+    // meet when the moving nodes go to `next`. With `collect`, troubled_ gets
+    // the moving nodes of all that goes wrong; without, the first answers.
+    bool goesWrong(const std::vector<Point2>& next, bool collect) {
+        troubled_.clear();
+        if (collect)
+            marked_.assign(origin_.size(), 0);
+        bool wrong = false;
+        const auto found = [&](auto nodes) {
+            bool movable = false;
+            for (const int node : nodes)
+                if (moving(node)) {
+                    movable = true;
+                    if (collect && !marked_[node]) {
+                        marked_[node] = 1;
+                        troubled_.push_back(node);
+                    }
+                }
+            wrong = wrong || movable;
+            return wrong && !collect;
+        };
+        for (const std::array<int, 2>& e : edges_)
+            if (turnsRound(e, next) && found(e))
+                return true;
+        for (std::size_t c = 0; c < corners_.size(); ++c)
+            if (folds(c, next) && found(corners_[c]))
+                return true;
+        for (const auto& [i, j] : candidates_) {
+            const std::array<int, 2>& e = edges_[i];
+            const std::array<int, 2>& f = edges_[j];
+            if (sweptAreasTouch(e, f, next) && found(std::array<int, 4>{e[0], e[1], f[0], f[1]}))
+                return true;
+        }
+        return wrong;
     }
 
     std::vector<int> nodeOf_;
@@ -335,8 +354,10 @@ private:
     std::vector<std::array<int, 3>> corners_;
     std::vector<double> originAngles_;
     std::vector<Point2> current_;
-    std::vector<Point2> next_;
-    // Scratch of troubledNodes, kept between steps.
+    // Where the nodes go in a full step, half a step, and so on.
+    std::array<std::vector<Point2>, kTries> tries_;
+    // Scratch of a step, kept between steps.
+    std::vector<std::pair<int, int>> candidates_;
     std::vector<int> troubled_;
     std::vector<char> marked_;
     std::vector<Box> boxes_;
