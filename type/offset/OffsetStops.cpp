@@ -268,8 +268,9 @@ private:
         double crossBefore = 0.0, alongBefore = 0.0, crossAfter = 0.0, alongAfter = 0.0;
         if (!arms(current_, crossBefore, alongBefore) || !arms(next, crossAfter, alongAfter))
             return false;
-        // Only a corner that is narrow now can fold or close to a sliver.
-        if (alongAfter <= 0.0 || std::abs(crossAfter) > kSliverTangent * alongAfter)
+        // Only a corner that swung across or is narrow now can fold or close to a sliver.
+        const bool swung = sign(crossBefore) != sign(crossAfter);
+        if (!swung && (alongAfter <= 0.0 || std::abs(crossAfter) > kSliverTangent * alongAfter))
             return false;
         const double before = std::atan2(crossBefore, alongBefore);
         const double after = std::atan2(crossAfter, alongAfter);
