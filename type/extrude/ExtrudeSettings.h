@@ -53,7 +53,7 @@ struct ExtrudeSettings {
 
 // The largest division count of one profile block and the largest grid
 // side: a value set through scripting past them would only cost memory.
-inline constexpr int kMaxDivisions = 256;
+inline constexpr int kMaxDivisions = 100;
 inline constexpr int kMaxGridSize = 1000;
 // Distances and offsets beyond this size are taken as this size.
 inline constexpr double kMaxDistance = 1.0e6;

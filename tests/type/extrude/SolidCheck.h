@@ -2,8 +2,11 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 // What makes a polygon mesh a solid: after welding coincident vertices every
@@ -50,30 +53,44 @@ inline std::vector<int> weld(const std::vector<Vertex>& points, double tolerance
     return welded;
 }
 
+inline std::uint64_t edgeKey(int from, int to) {
+    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(from)) << 32 |
+           static_cast<std::uint32_t>(to);
+}
+
 } // namespace detail
+
+// A face's signed volume with the origin: its loops fanned from their first
+// points, holes taking away what they wind against.
+inline double faceVolume(const PolygonSoup& soup, const Loops& face) {
+    double volume = 0.0;
+    for (const std::vector<int>& loop : face)
+        for (std::size_t i = 1; i + 1 < loop.size(); ++i)
+            volume +=
+                detail::determinant(soup.points[loop[0]], soup.points[loop[i]], soup.points[loop[i + 1]]) /
+                6.0;
+    return volume;
+}
 
 inline SolidReport checkSolid(const PolygonSoup& soup, double weldTolerance = 1e-9) {
     const std::vector<int> welded = detail::weld(soup.points, weldTolerance);
-    std::map<std::pair<int, int>, int> directed;
+    std::unordered_map<std::uint64_t, int> directed;
     SolidReport report;
     for (const Loops& face : soup.faces) {
+        report.volume += faceVolume(soup, face);
         for (const std::vector<int>& loop : face) {
-            // Fanned from the loop's first point, a face's loops sum to its signed volume
-            // with the origin, holes taking away what they wind against.
-            for (std::size_t i = 1; i + 1 < loop.size(); ++i)
-                report.volume += detail::determinant(soup.points[loop[0]], soup.points[loop[i]],
-                                                     soup.points[loop[i + 1]]) /
-                                 6.0;
             for (std::size_t i = 0; i < loop.size(); ++i) {
                 const int a = welded[loop[i]];
                 const int b = welded[loop[(i + 1) % loop.size()]];
                 if (a != b)
-                    ++directed[{a, b}];
+                    ++directed[detail::edgeKey(a, b)];
             }
         }
     }
     for (const auto& [edge, count] : directed) {
-        const auto reverse = directed.find({edge.second, edge.first});
+        const int from = static_cast<int>(edge >> 32);
+        const int to = static_cast<int>(edge & 0xffffffffu);
+        const auto reverse = directed.find(detail::edgeKey(to, from));
         const int back = reverse == directed.end() ? 0 : reverse->second;
         if (count > 1 || back > 1) {
             ++report.overusedEdges;
@@ -83,7 +100,7 @@ inline SolidReport checkSolid(const PolygonSoup& soup, double weldTolerance = 1e
             continue;
         }
         if (report.firstProblem.empty())
-            report.firstProblem = "edge " + std::to_string(edge.first) + " -> " + std::to_string(edge.second);
+            report.firstProblem = "edge " + std::to_string(from) + " -> " + std::to_string(to);
     }
     return report;
 }

@@ -203,5 +203,37 @@ TEST_F(TypeExtrudeNode, AnEmptyTextWarnsAndTheNextTextBuildsAgain) {
     EXPECT_EQ(vertexCount(), 2 * dot);
 }
 
+// Values a script can set past the sliders: the node still builds a bounded
+// solid and says nothing it need not.
+TEST_F(TypeExtrudeNode, OddCountsSetThroughScriptingStillBuildABoundedSolid) {
+    const int vertices = vertexCount();
+    const std::size_t errors = ZHost::errorCount();
+    ASSERT_TRUE(run("setAttr typeExtrude1.gridSize 0"));
+    EXPECT_EQ(vertexCount(), vertices);
+    ASSERT_TRUE(run("setAttr typeExtrude1.gridSize 100000"));
+    EXPECT_EQ(vertexCount(), vertices);
+    run("setAttr typeExtrude1.extrudeDivisions -3");
+    const int fewest = vertexCount();
+    EXPECT_GT(fewest, 0);
+    EXPECT_LE(fewest, vertices);
+    ASSERT_TRUE(run("setAttr typeExtrude1.extrudeDivisions 2000000000"));
+    EXPECT_GT(vertexCount(), vertices);
+    EXPECT_LT(vertexCount(), vertices * 30);
+    EXPECT_TRUE(ZHost::errorsSince(errors).empty());
+}
+
+// A curve with one point, or with its points out of order, is still a curve.
+TEST_F(TypeExtrudeNode, CurvesWithFewOrUnorderedPointsStillGiveASolid) {
+    const int vertices = vertexCount();
+    ASSERT_TRUE(run("setAttr typeExtrude1.enableOuterBevel 1"));
+    const int beveled = vertexCount();
+    setCurve("typeExtrude1", "frontBevelCurve", {0.5}, {0.25});
+    setCurve("typeExtrude1", "extrudeCurve", {1.0, 0.0, 0.5, 0.2}, {0.1, 0.9, 0.4, 0.6});
+    EXPECT_EQ(vertexCount(), beveled);
+    setCurve("typeExtrude1", "extrudeCurve", {}, {});
+    EXPECT_EQ(vertexCount(), beveled);
+    EXPECT_GT(beveled, vertices);
+}
+
 } // namespace
 } // namespace typetest
