@@ -3,6 +3,8 @@
 #include "geometry/Orientation.h"
 
 #include <algorithm>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 
 namespace type {
 
@@ -107,20 +109,24 @@ SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& 
 void solidPoints(const std::vector<SolidFace>& faces, const Profile& profile, const RingOffsetter& offsetter,
                  std::vector<Point3>& out) {
     const std::vector<Ring> rings = solidRings(profile);
-    std::size_t total = 0;
-    for (const SolidFace& face : faces)
-        total += face.outline.points.size() * rings.size();
-    out.resize(total);
-    std::vector<Point2> moved;
-    std::size_t next = 0;
-    for (std::size_t f = 0; f < faces.size(); ++f) {
-        const SolidFace& face = faces[f];
-        for (const Ring& ring : rings) {
-            offsetter(f, ring.offset, moved);
-            for (const Point2& p : moved)
-                out[next++] = face.frame.fromPlane(p, face.height + ring.depth);
-        }
-    }
+    std::vector<std::size_t> starts(faces.size() + 1, 0);
+    for (std::size_t f = 0; f < faces.size(); ++f)
+        starts[f + 1] = starts[f] + faces[f].outline.points.size() * rings.size();
+    out.resize(starts.back());
+    // Each face fills its own slice, so the result does not depend on how the faces are shared out.
+    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, faces.size()),
+                      [&](const tbb::blocked_range<std::size_t>& range) {
+                          std::vector<Point2> moved;
+                          for (std::size_t f = range.begin(); f != range.end(); ++f) {
+                              const SolidFace& face = faces[f];
+                              std::size_t next = starts[f];
+                              for (const Ring& ring : rings) {
+                                  offsetter(f, ring.offset, moved);
+                                  for (const Point2& p : moved)
+                                      out[next++] = face.frame.fromPlane(p, face.height + ring.depth);
+                              }
+                          }
+                      });
 }
 
 std::vector<int> solidCharacterEnds(const std::vector<SolidFace>& faces, const SolidTopology& topology,

@@ -46,7 +46,9 @@ std::vector<Ring> solidRings(const Profile& profile);
 
 SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps);
 
-// Fills `out` with the outline of face `face` moved `offset` into its material.
+// Fills `out` with the outline of face `face` moved `offset` into its
+// material. It is called for several faces at once, each call with its own
+// `out`.
 using RingOffsetter = std::function<void(std::size_t face, double offset, std::vector<Point2>& out)>;
 
 // The solid's points in the topology's order; `out` is resized to fit.

@@ -4,6 +4,7 @@
 #include "offset/Mitres.h"
 
 #include <OpenZyvo/ZColor.h>
+#include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZPxNode.h>
 #include <vector>
 
@@ -80,7 +81,7 @@ public:
 private:
     void emptyCaches();
     ZStatus buildSolid(ZDataBlock& block);
-    ZStatus writeMesh(const std::vector<Point3>& points, ZObject& data);
+    ZStatus writeMesh(ZObject& data);
     ZStatus writeComponents(ZDataBlock& block, const ZObject& data, int capId, int bevelId, int extrudeId);
     ZStatus groupCharacters(ZDataBlock& block);
 
@@ -92,6 +93,9 @@ private:
     std::vector<std::vector<Mitre>> m_mitres;
     // The topology of the mesh on "outputMesh".
     SolidTopology m_topology;
+    // The solid's points, kept so that each evaluation writes into memory it had.
+    std::vector<Point3> m_points;
+    ZPointArray m_meshPoints;
 };
 
 } // namespace type

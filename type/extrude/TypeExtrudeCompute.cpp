@@ -160,12 +160,11 @@ ZStatus layOutInput(const ZFnMesh& mesh, const ZPointArray& points, InputLayout&
     return ZStatus::kSuccess;
 }
 
-ZPointArray pointArray(const std::vector<Point3>& points) {
-    ZPointArray out;
-    out.asVector().reserve(points.size());
-    for (const Point3& p : points)
-        out.append(ZPoint(p.x, p.y, p.z));
-    return out;
+void copyPoints(const std::vector<Point3>& points, ZPointArray& out) {
+    std::vector<ZPoint>& to = out.asVector();
+    to.resize(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i)
+        to[i] = ZPoint(points[i].x, points[i].y, points[i].z);
 }
 
 ZIntArray intArray(const std::vector<int>& values) {
@@ -201,10 +200,10 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
     const int extrudeId = block.inputValue(extrudeGroupId).asInt();
 
     const ZFnMesh in(input);
-    ZPointArray inputPoints;
-    if (status = in.getPoints(inputPoints, ZSpace::kObject); !status)
+    const int inputVertices = in.numVertices(&status);
+    if (!status)
         return reportApiError(status, kUnit);
-    if (inputPoints.length() < 3) {
+    if (inputVertices < 3) {
         ZGlobal::displayWarning(messages::text(messages::kTypeSVGNoValidInput));
         ZFnMeshData dataFn;
         const ZObject empty = dataFn.create(&status);
@@ -219,8 +218,11 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
         return ZStatus::kFailure;
     }
 
-    InputLayout layout;
     if (m_faces.empty()) {
+        InputLayout layout;
+        ZPointArray inputPoints;
+        if (status = in.getPoints(inputPoints, ZSpace::kObject); !status)
+            return reportApiError(status, kUnit);
         if (status = layOutInput(in, inputPoints, layout); !status)
             return status;
         m_faces = std::move(layout.faces);
@@ -242,27 +244,27 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
     }
     const Profile profile = sampleProfile(settings, samples);
 
-    std::vector<Point3> points;
     solidPoints(
         m_faces, profile,
         [&](std::size_t face, double offset, std::vector<Point2>& out) {
             normalsOffset(m_faces[face].outline, m_mitres[face], offset, out);
         },
-        points);
+        m_points);
+    copyPoints(m_points, m_meshPoints);
 
     ZDataHandle output = block.outputValue(outputMesh, &status);
     if (!status)
         return reportApiError(status, kUnit);
     ZObject data = output.data();
     const bool cheap = !m_rebuild && !data.isNull() &&
-                       ZFnMesh(data).numVertices() == static_cast<int>(points.size()) &&
-                       m_topology.vertexCount == static_cast<int>(points.size());
+                       ZFnMesh(data).numVertices() == static_cast<int>(m_points.size()) &&
+                       m_topology.vertexCount == static_cast<int>(m_points.size());
     if (cheap) {
-        if (status = ZFnMesh(data).setPoints(pointArray(points), ZSpace::kObject); !status)
+        if (status = ZFnMesh(data).setPoints(m_meshPoints, ZSpace::kObject); !status)
             return reportApiError(status, kUnit);
     } else {
         m_topology = solidTopology(m_faces, profile, settings.deleteCaps);
-        if (status = writeMesh(points, data); !status)
+        if (status = writeMesh(data); !status)
             return status;
         if (status = writeComponents(block, data, capId, bevelId, extrudeId); !status)
             return status;
@@ -277,14 +279,14 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
     return ZStatus::kSuccess;
 }
 
-ZStatus TypeExtrude::writeMesh(const std::vector<Point3>& points, ZObject& data) {
+ZStatus TypeExtrude::writeMesh(ZObject& data) {
     ZStatus status;
     ZFnMeshData dataFn;
     data = dataFn.create(&status);
     if (!status)
         return reportApiError(status, kUnit);
     ZFnMesh mesh;
-    mesh.create(m_topology.vertexCount, static_cast<int>(m_topology.faceCounts.size()), pointArray(points),
+    mesh.create(m_topology.vertexCount, static_cast<int>(m_topology.faceCounts.size()), m_meshPoints,
                 intArray(m_topology.faceCounts), intArray(m_topology.faceConnects), data, &status);
     if (!status)
         return reportApiError(status, kUnit);
@@ -292,8 +294,7 @@ ZStatus TypeExtrude::writeMesh(const std::vector<Point3>& points, ZObject& data)
     for (const CapHoles& holes : m_topology.capHoles) {
         holePoints.clear();
         for (const int v : holes.vertices) {
-            const Point3& p = points[v];
-            holePoints.append(ZPoint(p.x, p.y, p.z));
+            holePoints.append(m_meshPoints[v]);
         }
         if (status =
                 mesh.addHoles(holes.face, holePoints, intArray(holes.loopSizes), true, kCapHoleTolerance);

@@ -107,7 +107,7 @@ public:
     std::size_t triangles() {
         const auto triangulation = solid().triangulation();
         benchmark::DoNotOptimize(triangulation->triangles.data());
-        return triangulation->triangles.size() / 3;
+        return triangulation->triangles.size();
     }
 
 private:
