@@ -81,7 +81,7 @@ public:
 private:
     void emptyCaches();
     ZStatus buildSolid(ZDataBlock& block);
-    ZStatus writeMesh(ZObject& data);
+    ZStatus writeMesh(ZObject& data, const Profile& profile, bool deleteCaps);
     ZStatus writeComponents(ZDataBlock& block, const ZObject& data, int capId, int bevelId, int extrudeId);
     ZStatus groupCharacters(ZDataBlock& block);
 

@@ -2,6 +2,7 @@
 #include "extrude/ProfileRings.h"
 #include "extrude/SolidAssembly.h"
 #include "extrude/TypeExtrude.h"
+#include "extrude/UvAtlas.h"
 #include "extrude/VertexGroupIds.h"
 #include "offset/NormalsOffset.h"
 #include "plugin/ApiError.h"
@@ -13,6 +14,7 @@
 #include <OpenZyvo/ZDataBlock.h>
 #include <OpenZyvo/ZDataHandle.h>
 #include <OpenZyvo/ZDoubleArray.h>
+#include <OpenZyvo/ZFloatArray.h>
 #include <OpenZyvo/ZFnComponentListData.h>
 #include <OpenZyvo/ZFnDoubleArrayData.h>
 #include <OpenZyvo/ZFnGeometryData.h>
@@ -264,7 +266,7 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
             return reportApiError(status, kUnit);
     } else {
         m_topology = solidTopology(m_faces, profile, settings.deleteCaps);
-        if (status = writeMesh(data); !status)
+        if (status = writeMesh(data, profile, settings.deleteCaps); !status)
             return status;
         if (status = writeComponents(block, data, capId, bevelId, extrudeId); !status)
             return status;
@@ -279,7 +281,7 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
     return ZStatus::kSuccess;
 }
 
-ZStatus TypeExtrude::writeMesh(ZObject& data) {
+ZStatus TypeExtrude::writeMesh(ZObject& data, const Profile& profile, bool deleteCaps) {
     ZStatus status;
     ZFnMeshData dataFn;
     data = dataFn.create(&status);
@@ -313,6 +315,13 @@ ZStatus TypeExtrude::writeMesh(ZObject& data) {
         }
     }
     if (status = mesh.setVertexColors(colours, vertices); !status)
+        return reportApiError(status, kUnit);
+    // The uvs follow the topology and the outlines as read, not the distances, so
+    // a cheap update keeps them.
+    const SolidUvs uvs = solidUvs(m_faces, profile, m_topology, deleteCaps);
+    if (status = mesh.setUVs(ZFloatArray(uvs.u), ZFloatArray(uvs.v)); !status)
+        return reportApiError(status, kUnit);
+    if (status = mesh.assignUVs(intArray(uvs.faceUvCounts), intArray(uvs.uvIds)); !status)
         return reportApiError(status, kUnit);
     return ZStatus::kSuccess;
 }

@@ -3,6 +3,7 @@
 
 #include <OpenZyvo/ZCurveAttribute.h>
 #include <OpenZyvo/ZDoubleArray.h>
+#include <OpenZyvo/ZFloatArray.h>
 #include <OpenZyvo/ZFnAttribute.h>
 #include <OpenZyvo/ZFnIntArrayData.h>
 #include <OpenZyvoHost/ZHostMessages.h>
@@ -233,6 +234,22 @@ TEST_F(TypeExtrudeNode, CurvesWithFewOrUnorderedPointsStillGiveASolid) {
     setCurve("typeExtrude1", "extrudeCurve", {}, {});
     EXPECT_EQ(vertexCount(), beveled);
     EXPECT_GT(beveled, vertices);
+}
+
+TEST_F(TypeExtrudeNode, EveryFaceVertexHasAUvInTheUnitSquareOfMap1) {
+    const ZFnMesh mesh(meshData());
+    EXPECT_EQ(mesh.currentUVSetName(), "map1");
+    ZIntArray counts;
+    ZIntArray ids;
+    ASSERT_TRUE(mesh.getAssignedUVs(counts, ids));
+    EXPECT_EQ(static_cast<int>(counts.length()), mesh.numPolygons());
+    EXPECT_EQ(static_cast<int>(ids.length()), mesh.numFaceVertices());
+    ZFloatArray u;
+    ZFloatArray v;
+    ASSERT_TRUE(mesh.getUVs(u, v));
+    for (unsigned int i = 0; i < u.length(); ++i) {
+        EXPECT_TRUE(u[i] >= 0.0f && u[i] <= 1.0f && v[i] >= 0.0f && v[i] <= 1.0f) << i;
+    }
 }
 
 } // namespace
