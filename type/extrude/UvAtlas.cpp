@@ -107,21 +107,11 @@ private:
     bool m_caps;
 };
 
-// Where a solid vertex sits: its input face, ring and outline point.
+// Where a vertex of one input face's stack sits: its ring and outline point.
 struct Slot {
-    std::size_t face;
     int ring;
     int point;
 };
-
-Slot slotOf(const SolidTopology& topology, const std::vector<SolidFace>& faces, int vertex) {
-    const auto next =
-        std::upper_bound(topology.faceVertexStarts.begin(), topology.faceVertexStarts.end(), vertex);
-    const auto face = static_cast<std::size_t>(next - topology.faceVertexStarts.begin() - 1);
-    const int n = static_cast<int>(faces[face].outline.points.size());
-    const int local = vertex - topology.faceVertexStarts[face];
-    return {face, local / n, local % n};
-}
 
 } // namespace
 
@@ -153,16 +143,29 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const Profile& profile, c
     for (const CapHoles& holes : topology.capHoles)
         holesOf[holes.face] = &holes;
 
-    auto capId = [&](int vertex) {
-        const Slot slot = slotOf(topology, faces, vertex);
-        const int n = static_cast<int>(faces[slot.face].outline.points.size());
-        return ids[slot.face].capStart + (slot.ring == 0 ? 0 : n) + slot.point;
+    // The solid's faces come input face by input face, so the face whose stack
+    // holds them only ever moves on.
+    std::size_t owner = 0;
+    int n = 0;
+    auto slotOf = [&](int vertex) {
+        const int local = vertex - topology.faceVertexStarts[owner];
+        return Slot{local / n, local % n};
     };
+    auto capId = [&](int vertex) {
+        const Slot slot = slotOf(vertex);
+        return ids[owner].capStart + (slot.ring == 0 ? 0 : n) + slot.point;
+    };
+    out.uvIds.reserve(topology.faceConnects.size());
+    out.faceUvCounts.reserve(topology.faceCounts.size());
     std::size_t next = 0;
+    Slot corners[4];
     for (std::size_t face = 0; face < topology.faceCounts.size(); ++face) {
         const int count = topology.faceCounts[face];
         const int* connects = topology.faceConnects.data() + next;
         next += count;
+        while (connects[0] >= topology.faceVertexStarts[owner + 1])
+            ++owner;
+        n = static_cast<int>(faces[owner].outline.points.size());
         if (isCap[face]) {
             int total = count;
             for (int i = 0; i < count; ++i)
@@ -177,23 +180,20 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const Profile& profile, c
         }
         // A side face: each corner's point along its loop, the loop's first
         // point taking its seam copy when the face closes the loop.
-        const Slot first = slotOf(topology, faces, connects[0]);
-        const std::vector<int>& starts = loopStarts[first.face];
-        const int n = static_cast<int>(faces[first.face].outline.points.size());
+        const std::vector<int>& starts = loopStarts[owner];
         const int loops = static_cast<int>(starts.size()) - 1;
-        const int loop =
-            static_cast<int>(std::upper_bound(starts.begin(), starts.end(), first.point) - starts.begin()) -
-            1;
-        const int band = isWall[face] ? 0 : 1;
-        const int bandStart = ids[first.face].sideStart + band * rings * (n + loops);
+        for (int i = 0; i < count; ++i)
+            corners[i] = slotOf(connects[i]);
+        const int loop = static_cast<int>(std::upper_bound(starts.begin(), starts.end(), corners[0].point) -
+                                          starts.begin()) -
+                         1;
+        const int bandStart = ids[owner].sideStart + (isWall[face] ? 0 : 1) * rings * (n + loops);
         bool closes = false;
         for (int i = 0; i < count; ++i)
-            closes = closes || slotOf(topology, faces, connects[i]).point == starts[loop + 1] - 1;
+            closes = closes || corners[i].point == starts[loop + 1] - 1;
         for (int i = 0; i < count; ++i) {
-            const Slot slot = slotOf(topology, faces, connects[i]);
-            const int column = slot.point + loop +
-                               (closes && slot.point == starts[loop] ? starts[loop + 1] - starts[loop] : 0);
-            out.uvIds.push_back(bandStart + slot.ring * (n + loops) + column);
+            const int seam = closes && corners[i].point == starts[loop] ? starts[loop + 1] - starts[loop] : 0;
+            out.uvIds.push_back(bandStart + corners[i].ring * (n + loops) + corners[i].point + loop + seam);
         }
         out.faceUvCounts.push_back(count);
     }
