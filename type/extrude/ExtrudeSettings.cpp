@@ -20,7 +20,7 @@ double distance(float value) {
 
 ExtrudeSettings resolveExtrudeSettings(const ExtrudeAttributes& a) {
     ExtrudeSettings s;
-    s.gridSize = std::clamp(a.gridSize, 1, kMaxGridSize);
+    s.gridSize = a.gridSize;
     s.mode = a.mode == 0 ? OffsetMode::kDistanceField : OffsetMode::kNormals;
     s.bevelOffset = distance(a.bevelOffset);
     s.bevelStyle = resolveBevelStyle(a.bevelStyle, a.enableOuterBevel, a.enableFrontBevel);

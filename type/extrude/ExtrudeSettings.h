@@ -33,7 +33,7 @@ enum class OffsetMode { kDistanceField = 0, kNormals = 1 };
 // taken from the front one when asked, and every count and distance brought
 // into a range the builders can work with.
 struct ExtrudeSettings {
-    int gridSize = 100;
+    int gridSize = 100; // as set: the distance field brings it into its own range
     OffsetMode mode = OffsetMode::kNormals;
     double bevelOffset = 0.25;
     InternalBevel bevelStyle = InternalBevel::kNone;
@@ -51,10 +51,9 @@ struct ExtrudeSettings {
     double extrudeOffset = 0.0;
 };
 
-// The largest division count of one profile block and the largest grid
-// side: a value set through scripting past them would only cost memory.
+// The largest division count of one profile block: a value set through
+// scripting past it would only cost memory.
 inline constexpr int kMaxDivisions = 100;
-inline constexpr int kMaxGridSize = 1000;
 // Distances and offsets beyond this size are taken as this size.
 inline constexpr double kMaxDistance = 1.0e6;
 

@@ -92,6 +92,7 @@ void TypeExtrude::emptyCaches() {
     m_faces.clear();
     m_colours.clear();
     m_mitres.clear();
+    m_fields.clear();
 }
 
 ZStatus TypeExtrude::setDependentsDirty(const ZPlug& plug, ZPlugArray& affected) {

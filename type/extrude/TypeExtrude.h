@@ -1,6 +1,7 @@
 #pragma once
 
 #include "extrude/SolidAssembly.h"
+#include "offset/DistanceFieldOffset.h"
 #include "offset/Mitres.h"
 
 #include <OpenZyvo/ZColor.h>
@@ -91,6 +92,8 @@ private:
     std::vector<SolidFace> m_faces;
     std::vector<ZColor> m_colours;
     std::vector<std::vector<Mitre>> m_mitres;
+    // Built in the "Distance Field" mode only, with the grid size of then.
+    std::vector<DistanceFieldOffset> m_fields;
     // The topology of the mesh on "outputMesh".
     SolidTopology m_topology;
     // The solid's points, kept so that each evaluation writes into memory it had.

@@ -1,10 +1,10 @@
 #include "extrude/ExtrudeSettings.h"
 #include "extrude/ProfileRings.h"
+#include "extrude/RingOffset.h"
 #include "extrude/SolidAssembly.h"
 #include "extrude/TypeExtrude.h"
 #include "extrude/UvAtlas.h"
 #include "extrude/VertexGroupIds.h"
-#include "offset/NormalsOffset.h"
 #include "plugin/ApiError.h"
 #include "plugin/TypeMessages.h"
 
@@ -246,10 +246,18 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
     }
     const Profile profile = sampleProfile(settings, samples);
 
+    if (settings.mode == OffsetMode::kDistanceField && m_fields.size() != m_faces.size()) {
+        std::vector<const FaceOutline*> outlines;
+        for (const SolidFace& face : m_faces)
+            outlines.push_back(&face.outline);
+        m_fields = distanceFields(outlines, m_mitres, settings.gridSize);
+    }
     solidPoints(
         m_faces, profile,
         [&](std::size_t face, double offset, std::vector<Point2>& out) {
-            normalsOffset(m_faces[face].outline, m_mitres[face], offset, out);
+            const DistanceFieldOffset* field = face < m_fields.size() ? &m_fields[face] : nullptr;
+            offsetRing({m_faces[face].outline, m_mitres[face], field}, settings.mode, settings.bevelStyle,
+                       offset, out);
         },
         m_points);
     copyPoints(m_points, m_meshPoints);

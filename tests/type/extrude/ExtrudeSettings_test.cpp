@@ -61,15 +61,10 @@ TEST(ExtrudeSettings, CountsSetThroughScriptingAreBroughtIntoRange) {
     a.extrudeDivisions = 0;
     a.bevelDivisions = -5;
     a.backBevelDivisions = 1 << 30;
-    a.gridSize = 0;
-    ExtrudeSettings s = resolveExtrudeSettings(a);
+    const ExtrudeSettings s = resolveExtrudeSettings(a);
     EXPECT_EQ(s.extrudeDivisions, 1);
     EXPECT_EQ(s.bevelDivisions, 1);
     EXPECT_EQ(s.backBevelDivisions, kMaxDivisions);
-    EXPECT_EQ(s.gridSize, 1);
-    a.gridSize = 100000;
-    s = resolveExtrudeSettings(a);
-    EXPECT_EQ(s.gridSize, kMaxGridSize);
 }
 
 TEST(ExtrudeSettings, DistancesThatAreNotNumbersCountAsZeroAndHugeOnesAreBounded) {

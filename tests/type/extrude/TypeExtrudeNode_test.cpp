@@ -252,5 +252,21 @@ TEST_F(TypeExtrudeNode, EveryFaceVertexHasAUvInTheUnitSquareOfMap1) {
     }
 }
 
+// The offset mode is a shape value: the distance field moves the inward
+// bevel's points of the mesh built before, and "Normals" moves them back.
+TEST_F(TypeExtrudeNode, TheDistanceFieldModeMovesInwardBevelPointsOfTheSameMesh) {
+    ASSERT_TRUE(run("setAttr typeExtrude1.enableOuterBevel 1"));
+    ASSERT_TRUE(run("setAttr typeExtrude1.bevelDistance 0.2"));
+    const ZObject before = meshData();
+    const std::vector<ZPoint> normals = points();
+    ASSERT_TRUE(run("setAttr typeExtrude1.mode 0"));
+    const std::vector<ZPoint> field = points();
+    EXPECT_TRUE(meshData() == before);
+    ASSERT_EQ(field.size(), normals.size());
+    EXPECT_NE(field, normals);
+    ASSERT_TRUE(run("setAttr typeExtrude1.mode 1"));
+    EXPECT_EQ(points(), normals);
+}
+
 } // namespace
 } // namespace typetest

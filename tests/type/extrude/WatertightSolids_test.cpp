@@ -163,6 +163,32 @@ TEST_P(WatertightSolids, OuterBeveledGlyphsAreClosedOutwardSolids) {
     expectSolids(true);
 }
 
+// An inward outer bevel in the "Distance Field" mode: rings wider than a
+// stroke narrow onto its middle instead of folding over, so every piece
+// keeps a positive volume. (Along the mitres, the "Normals" mode folds such
+// strokes inside out.)
+TEST_P(WatertightSolids, InwardOuterBeveledGlyphsInDistanceFieldModeAreClosedOutwardSolids) {
+    for (const char* setting :
+         {"setAttr typeExtrude1.mode 0", "setAttr typeExtrude1.enableOuterBevel 1",
+          "setAttr typeExtrude1.bevelDistance 0.02", "setAttr typeExtrude1.bevelOffset 0.02",
+          "setAttr typeExtrude1.bevelDivisions 3"})
+        ASSERT_TRUE(run(setting)) << setting;
+    expectSolids(true);
+}
+
+// The benchmark's bevels in the "Distance Field" mode.
+TEST_P(WatertightSolids, BeveledGlyphsInDistanceFieldModeAreClosedOutwardSolids) {
+    ASSERT_TRUE(run("setAttr typeExtrude1.mode 0"));
+    for (const char* setting :
+         {"setAttr typeExtrude1.bevelStyle 2", "setAttr typeExtrude1.enableFrontBevel 1",
+          "setAttr typeExtrude1.enableBackBevel 1", "setAttr typeExtrude1.bevelDistance 0.02",
+          "setAttr typeExtrude1.bevelOffset 0.02", "setAttr typeExtrude1.bevelDivisions 3",
+          "setAttr typeExtrude1.backBevelDistance 0.02", "setAttr typeExtrude1.backBevelOffset 0.02",
+          "setAttr typeExtrude1.backBevelDivisions 3"})
+        ASSERT_TRUE(run(setting)) << setting;
+    expectSolids(true);
+}
+
 INSTANTIATE_TEST_SUITE_P(Fonts, WatertightSolids, ::testing::ValuesIn(kFonts),
                          [](const ::testing::TestParamInfo<FontCase>& info) {
                              std::string name = std::string(info.param.family) + info.param.style;
