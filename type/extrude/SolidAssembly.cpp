@@ -114,19 +114,23 @@ void solidPoints(const std::vector<SolidFace>& faces, const Profile& profile, co
         starts[f + 1] = starts[f] + faces[f].outline.points.size() * rings.size();
     out.resize(starts.back());
     // Each face fills its own slice, so the result does not depend on how the faces are shared out.
-    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, faces.size()),
-                      [&](const tbb::blocked_range<std::size_t>& range) {
-                          std::vector<Point2> moved;
-                          for (std::size_t f = range.begin(); f != range.end(); ++f) {
-                              const SolidFace& face = faces[f];
-                              std::size_t next = starts[f];
-                              for (const Ring& ring : rings) {
-                                  offsetter(f, ring.offset, moved);
-                                  for (const Point2& p : moved)
-                                      out[next++] = face.frame.fromPlane(p, face.height + ring.depth);
-                              }
-                          }
-                      });
+    tbb::parallel_for(
+        tbb::blocked_range<std::size_t>(0, faces.size()), [&](const tbb::blocked_range<std::size_t>& range) {
+            std::vector<Point2> moved;
+            for (std::size_t f = range.begin(); f != range.end(); ++f) {
+                const SolidFace& face = faces[f];
+                std::size_t next = starts[f];
+                for (const Ring& ring : rings) {
+                    offsetter(f, ring.offset, moved);
+                    // A builder that could not keep the outline's points leaves the ring
+                    // unmoved rather than writing into the next face's slice.
+                    const std::vector<Point2>& ringPoints =
+                        moved.size() == face.outline.points.size() ? moved : face.outline.points;
+                    for (const Point2& p : ringPoints)
+                        out[next++] = face.frame.fromPlane(p, face.height + ring.depth);
+                }
+            }
+        });
 }
 
 std::vector<int> solidCharacterEnds(const std::vector<SolidFace>& faces, const SolidTopology& topology,

@@ -132,6 +132,23 @@ TEST(SolidAssembly, CharacterEndsCountTheSolidVerticesOfEachCharactersFaces) {
     EXPECT_EQ(solidCharacterEnds(faces, topology, {8, 8, 16, 28}), (std::vector<int>{24, 24, 48, 72}));
 }
 
+// An offset builder that returns the wrong number of points (an empty
+// distance field) cannot make a face write past its own vertices.
+TEST(SolidAssembly, ARingOfTheWrongSizeKeepsTheOutline) {
+    const std::vector<SolidFace> faces = {squareWithHole(true, true), squareWithHole(true, true)};
+    std::vector<Point3> points;
+    solidPoints(
+        faces, walls(2, 1.0),
+        [](std::size_t f, double, std::vector<Point2>& out) {
+            out.assign(f == 0 ? 20 : 0, Point2{9, 9});
+        },
+        points);
+    ASSERT_EQ(points.size(), 32u);
+    EXPECT_NEAR(points[9].x, faces[0].outline.points[1].x, 1e-12);
+    EXPECT_NEAR(points[9].z, 2.0, 1e-12);
+    EXPECT_NEAR(points[16].x, faces[1].outline.points[0].x, 1e-12);
+}
+
 TEST(FaceFrame, PlaneKeepsTheTurnOfLoopsSeenFromTheNormalAndComesBack) {
     for (const Point3& normal : {Point3{0, 0, 1}, Point3{0, 0, -1}, Point3{0, -1, 0}, Point3{-1, 2, 0.5}}) {
         const FaceFrame frame(normal);
