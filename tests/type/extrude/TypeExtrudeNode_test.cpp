@@ -6,6 +6,7 @@
 #include <OpenZyvo/ZFloatArray.h>
 #include <OpenZyvo/ZFnAttribute.h>
 #include <OpenZyvo/ZFnIntArrayData.h>
+#include <OpenZyvo/ZObjectArray.h>
 #include <OpenZyvoHost/ZHostMessages.h>
 #include <algorithm>
 #include <map>
@@ -69,9 +70,31 @@ TEST_F(TypeExtrudeNode, HasItsAttributesInOrderWithTheirShortNames) {
             created.push_back(fn.name().asStdString() + " " + fn.shortName().asStdString());
     }
     std::vector<std::string> expected;
-    for (const GoldenRow& row : readGoldenTable("typeextrude_attributes.tsv", 2))
+    for (const GoldenRow& row : readGoldenTable("typeextrude_attributes.tsv", 3))
         expected.push_back(row[0] + " " + row[1]);
     EXPECT_THAT(created, ElementsAreArray(expected));
+}
+
+// What each attribute dirties, as the golden table lists it: five inputs on
+// purpose dirty nothing and take effect at the next evaluation another input
+// causes; "outerBevelDivisions" dirties only the component lists.
+TEST_F(TypeExtrudeNode, EachInputAffectsTheOutputsItsRowLists) {
+    const ZFnDependencyNode node(nodeNamed("typeExtrude1"));
+    for (const GoldenRow& row : readGoldenTable("typeextrude_attributes.tsv", 3)) {
+        ZStatus status;
+        const ZObject attribute = node.attribute(ZString(row[0]), &status);
+        ASSERT_TRUE(status) << row[0];
+        ZObjectArray affected;
+        ASSERT_TRUE(node.getAffectedAttributes(attribute, affected)) << row[0];
+        std::vector<std::string> found;
+        for (const ZObject& output : affected)
+            found.push_back(ZFnAttribute(output).name().asStdString());
+        std::sort(found.begin(), found.end());
+        std::string joined;
+        for (const std::string& name : found)
+            joined += (joined.empty() ? "" : ",") + name;
+        EXPECT_EQ(joined, row[2] == "-" ? "" : row[2]) << row[0];
+    }
 }
 
 TEST_F(TypeExtrudeNode, ANewNodeShowsTheDefaultCurves) {
