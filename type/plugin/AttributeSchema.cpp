@@ -2,6 +2,7 @@
 
 #include "plugin/ApiError.h"
 
+#include <OpenZyvo/ZCurveAttribute.h>
 #include <OpenZyvo/ZFnCompoundAttribute.h>
 #include <OpenZyvo/ZFnDoubleArrayData.h>
 #include <OpenZyvo/ZFnEnumAttribute.h>
@@ -180,6 +181,14 @@ ZObject AttributeSchema::enumeration(const Names& names, short defaultValue,
         if (status)
             status = fn.addField(name, value);
     return finish(attribute, status, flags, where);
+}
+
+ZObject AttributeSchema::curve(const Names& names, Where where) {
+    if (!m_status)
+        return {};
+    ZStatus status;
+    const ZObject attribute = ZCurveAttribute::createCurveAttr(names.longName, names.shortName, &status);
+    return finish(attribute, status, {}, where);
 }
 
 ZObject AttributeSchema::message(const Names& names, const Flags& flags, Where where) {

@@ -81,6 +81,8 @@ public:
                         std::span<const std::pair<const char*, short>> fields, const Flags& flags = {},
                         Where where = Where::current());
     ZObject message(const Names& names, const Flags& flags = {}, Where where = Where::current());
+    // A profile curve (ZCurveAttribute), without points.
+    ZObject curve(const Names& names, Where where = Where::current());
     ZObject compound(const Names& names, std::initializer_list<ZObject> children, const Flags& flags = {},
                      Where where = Where::current());
 

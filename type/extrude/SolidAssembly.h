@@ -1,0 +1,62 @@
+#pragma once
+
+#include "extrude/FaceFrame.h"
+#include "extrude/ProfileRings.h"
+#include "offset/FaceOutline.h"
+
+#include <functional>
+#include <vector>
+
+namespace type {
+
+// One face of the flat input, laid into its own plane.
+struct SolidFace {
+    FaceOutline outline;
+    FaceFrame frame;
+    double height = 0.0; // of the face's plane along its normal
+    int firstInputVertex = 0;
+};
+
+// The hole loops of one cap face, as vertex ids of the solid in the order
+// they run around the hole.
+struct CapHoles {
+    int face = 0;
+    std::vector<int> loopSizes;
+    std::vector<int> vertices;
+};
+
+// The solid's topology. Each input face becomes one stack of rings, ring k's
+// point j being vertex firstVertex + k * outline size + j; the caps close the
+// first and the last ring, and one four-sided face joins each outline edge of
+// a ring to the same edge of the next, every loop alike, turned so that the
+// solid faces outwards.
+struct SolidTopology {
+    int vertexCount = 0;
+    std::vector<int> faceCounts;
+    std::vector<int> faceConnects;
+    std::vector<int> capFaces;
+    std::vector<int> bevelFaces;
+    std::vector<int> extrusionFaces;
+    std::vector<CapHoles> capHoles;
+    std::vector<int> faceVertexStarts; // per input face, and the vertex count at the end
+};
+
+// The rings a profile builds: without extrusion, the face itself is the only one.
+std::vector<Ring> solidRings(const Profile& profile);
+
+SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps);
+
+// Fills `out` with the outline of face `face` moved `offset` into its material.
+using RingOffsetter = std::function<void(std::size_t face, double offset, std::vector<Point2>& out)>;
+
+// The solid's points in the topology's order; `out` is resized to fit.
+void solidPoints(const std::vector<SolidFace>& faces, const Profile& profile, const RingOffsetter& offsetter,
+                 std::vector<Point3>& out);
+
+// The running end of each character's vertices in the solid, from the running
+// ends of its vertices in the input: a face belongs to the character that
+// owns its first input vertex.
+std::vector<int> solidCharacterEnds(const std::vector<SolidFace>& faces, const SolidTopology& topology,
+                                    const std::vector<int>& inputCharacterEnds);
+
+} // namespace type
