@@ -15,9 +15,9 @@ bool discoverShell(ShellTopology& mesh, std::span<const int> seeds, std::vector<
     BitSet visited(vertexCount + 1);
     std::deque<int> queue;
 
-    // A seed equal to the vertex count passes this test on purpose: callers
-    // that built their seed lists around it keep working, and the walk still
-    // fails cleanly once the mesh is asked for that vertex.
+    // The test is "above the count", not "at or above", as it always was:
+    // a seed equal to the count is queued, and the walk fails when the mesh
+    // is asked for that vertex.
     for (int seed : seeds) {
         if (seed > vertexCount || seed < 0) {
             if (vertexForm)
