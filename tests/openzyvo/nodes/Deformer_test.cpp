@@ -4,6 +4,7 @@
 #include <OpenZyvo/ZFnDependencyNode.h>
 #include <OpenZyvo/ZFnGeometryData.h>
 #include <OpenZyvo/ZFnMesh.h>
+#include <OpenZyvo/ZFnSingleIndexedComponent.h>
 
 namespace nodestest {
 namespace {
@@ -122,6 +123,27 @@ TEST_F(Deformer, LocalToWorldIsTheMatrixOfTheShapeShowingTheOutput) {
     ASSERT_TRUE(plug(deformer, "envelope").setValue(0.0f));
     EXPECT_EQ(points(plug(shape, "worldMesh[0]").asZObject())[0], ZPoint(5, 0, 0))
         << "the shape follows the deformer downstream";
+}
+
+// Materials bound to object groups of a deformed mesh need the groups, with
+// their faces, on the shape at the end of a chain of deformers.
+TEST_F(Deformer, ObjectGroupsReachTheShapeThroughAChainOfDeformers) {
+    const ZObject mesh = quadStrip(3);
+    addFaceGroup(mesh, 4, {0, 2});
+    const ZObject idle = createNode(IdleDeformer::kTypeName);
+    const ZObject shape = createDag("mesh", "chainedShape");
+    ASSERT_TRUE(inputGeom(0).setValue(mesh));
+    connect(plug(deformer, "outputGeom[0]"), plug(idle, "input[0].inputGeom"));
+    connect(plug(idle, "outputGeom[0]"), plug(shape, "inMesh"));
+
+    const ZObject shown = plug(shape, "outMesh").asZObject();
+    ZFnGeometryData geometry(shown);
+    ASSERT_TRUE(geometry.hasObjectGroup(4));
+    ZFnSingleIndexedComponent faces(geometry.objectGroupComponent(4));
+    ZIntArray elements;
+    faces.getElements(elements);
+    EXPECT_EQ(elements, (ZIntArray{0, 2}));
+    EXPECT_EQ(points(shown)[0], ZPoint(0, 1, 0)) << "the points were deformed on the way";
 }
 
 } // namespace

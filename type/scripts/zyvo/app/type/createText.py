@@ -2,8 +2,19 @@
 
 import zyvo.cmds as cmds
 
+from zyvo.app.type.extruderGroupIds import nextFreeGroupId
+
 # The font a new text object starts in.
 DEFAULT_FONT = ("Liberation Serif", "Italic")
+
+# The parts of the solid that each get a material of their own: the
+# typeExtrude attribute that holds the part's object-group id, the names of
+# the part's shader and shading group, and the shader's starting colour.
+_MATERIAL_PARTS = (
+    ("capGroupId", "typeCapShader1", "typeCapSG1", (0.85, 0.85, 0.85)),
+    ("bevelGroupId", "typeBevelShader1", "typeBevelSG1", (0.9, 0.65, 0.2)),
+    ("extrudeGroupId", "typeExtrusionShader1", "typeExtrusionSG1", (0.3, 0.35, 0.5)),
+)
 
 
 def typeCreateText():
@@ -15,7 +26,9 @@ def typeCreateText():
     -> mesh; the per-character arrays go where the extrusion and the
     deformers read them; the companions' "message" plugs let tools find the
     type node from any of them (the mesh shape, which shows the rebuilt
-    mesh, takes the remesh link).
+    mesh, takes the remesh link). The cap, bevel and extrusion faces each
+    get a Lambert shader and shading group of their own, bound through the
+    object groups typeExtrude publishes.
     """
     created = []
     try:
@@ -63,5 +76,15 @@ def _build(created):
     cmds.connectAttr(extrude + ".message", text + ".extrudeMessage")
     cmds.connectAttr(transform + ".message", text + ".transformMessage")
     cmds.connectAttr(shape + ".message", text + ".remeshMessage")
+
+    for attribute, shaderName, groupName, colour in _MATERIAL_PARTS:
+        groupId = make("groupId")
+        cmds.setAttr(groupId + ".groupId", nextFreeGroupId())
+        cmds.connectAttr(groupId + ".groupId", extrude + "." + attribute)
+        shader = make("lambert", n=shaderName)
+        cmds.setAttr(shader + ".color", *colour)
+        shadingGroup = make("shadingEngine", n=groupName)
+        cmds.connectAttr(shader + ".outColor", shadingGroup + ".surfaceShader")
+        cmds.assignShaderToType(gr=groupId, sg=shadingGroup, me=shape)
 
     return [text, extrude, animation, adjust, transform, shape]

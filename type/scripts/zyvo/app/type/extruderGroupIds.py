@@ -5,7 +5,8 @@ import re
 import zyvo.cmds as cmds
 
 
-def _nextFreeGroupId():
+def nextFreeGroupId():
+    """An id no groupId node of the scene uses."""
     used = [cmds.getAttr(node + ".groupId") for node in cmds.ls(type="groupId")]
     return max(used, default=0) + 1
 
@@ -38,7 +39,7 @@ def createExtruderGroupIds(extruder, missing):
         while index in taken:
             index += 1
         groupId = cmds.createNode("groupId")
-        cmds.setAttr(groupId + ".groupId", _nextFreeGroupId())
+        cmds.setAttr(groupId + ".groupId", nextFreeGroupId())
         cmds.connectAttr(groupId + ".groupId", "%s[%d]" % (plug, index))
         taken.add(index)
         created.append(groupId)
