@@ -9,9 +9,11 @@ namespace zyvo {
 
 namespace {
 
-std::string lowerCase(std::string text) {
+// A field as a user types it on a command line: lower case, blanks as dashes
+// ("Distance Field" is "distance-field").
+std::string typedName(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+                   [](unsigned char c) { return c == ' ' ? '-' : static_cast<char>(std::tolower(c)); });
     return text;
 }
 
@@ -46,7 +48,7 @@ std::optional<std::vector<EnumField>> parseEnumFields(const std::string& text) {
 }
 
 bool sameFieldName(const std::string& a, const std::string& b) {
-    return lowerCase(a) == lowerCase(b);
+    return typedName(a) == typedName(b);
 }
 
 const EnumField* findField(const std::vector<EnumField>& fields, const std::string& name) {
@@ -61,7 +63,7 @@ std::string fieldChoices(const std::vector<EnumField>& fields) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i > 0)
             text += i + 1 == fields.size() ? " or " : ", ";
-        text += lowerCase(fields[i].name);
+        text += typedName(fields[i].name);
     }
     return text;
 }

@@ -18,13 +18,15 @@ struct EnumField {
 // for a list that is not of that form.
 std::optional<std::vector<EnumField>> parseEnumFields(const std::string& text);
 
-// Whether two names are the same, ignoring case, as fields are picked.
+// Whether two names are the same, ignoring case and taking a dash for a
+// blank, as fields are picked.
 bool sameFieldName(const std::string& a, const std::string& b);
 
 // The field called `name`, ignoring case; nothing when there is none.
 const EnumField* findField(const std::vector<EnumField>& fields, const std::string& name);
 
-// "left, centre or right": the names as a user types them.
+// "left, centre or right", "distance-field or normals": the names as a user
+// types them.
 std::string fieldChoices(const std::vector<EnumField>& fields);
 
 } // namespace zyvo

@@ -4,7 +4,10 @@
 #include "FontChoice.h"
 #include "Host.h"
 #include "MeshExport.h"
+#include "NodeSchema.h"
+#include "NodeSettings.h"
 #include "NumberOption.h"
+#include "SolidOptions.h"
 
 #include <CLI/CLI.hpp>
 #include <OpenZyvo/ZDoubleArray.h>
@@ -67,118 +70,69 @@ ZStatus checkFiles(const TextRequest& request) {
     return ZStatus::kSuccess;
 }
 
-// What the type node's schema says of an attribute, asked of the node type
-// with the query scripts use.
-template <typename Result> ZStatus askTypeNode(const char* query, const char* attribute, Result& result) {
-    return ZGlobal::executeCommand(
-        ZString(std::string("attributeQuery -type ") + kTypeNode + " " + query + " " + attribute), result);
-}
+// The enum values the request named, as the nodes store them.
+struct NodeChoices {
+    std::optional<short> alignment;
+    SolidChoices solid;
+};
 
-// The value of the alignment the user named, among the type node's own.
-ZStatus alignmentValue(const std::string& name, Host& host, std::optional<short>& value) {
-    ZStringArray listed;
-    if (const ZStatus status = askTypeNode("-listEnum", "alignmentMode", listed); !status)
-        return status;
-    const auto fields = listed.length() == 1 ? parseEnumFields(listed[0].asStdString()) : std::nullopt;
-    if (!fields) {
-        reportError("The type node's alignments cannot be read");
-        return ZStatus::kFailure;
-    }
-    const EnumField* field = findField(*fields, name);
-    // The American spelling names the same alignment.
-    if (!field && sameFieldName(name, "center"))
-        field = findField(*fields, "centre");
-    if (!field) {
-        host.refuseOption("--align", "expected " + fieldChoices(*fields) + ", got " + name);
-        return ZStatus::kInvalidParameter;
-    }
-    value = field->value;
-    return ZStatus::kSuccess;
-}
-
-ZStatus checkCurveResolution(int resolution, Host& host) {
-    ZDoubleArray min;
-    ZDoubleArray max;
-    ZStatus status = askTypeNode("-minimum", "curveResolution", min);
-    if (status)
-        status = askTypeNode("-maximum", "curveResolution", max);
-    if (!status || min.length() != 1 || max.length() != 1) {
-        reportError("The type node's curve resolutions cannot be read");
-        return status ? ZStatus::kFailure : status;
-    }
-    if (resolution < min[0] || resolution > max[0]) {
-        host.refuseOption("--curve-resolution",
-                          wholeNumberRefusal(static_cast<long>(min[0]), static_cast<long>(max[0]),
-                                             std::to_string(resolution)));
-        return ZStatus::kInvalidParameter;
-    }
-    return ZStatus::kSuccess;
-}
-
-// The settings only the type node can check; `alignment` gets the value of
-// the one asked for.
-ZStatus checkNodeSettings(const TextRequest& request, Host& host, std::optional<short>& alignment) {
-    if (request.alignment)
-        if (const ZStatus status = alignmentValue(*request.alignment, host, alignment); !status)
+// The settings only the nodes can check; `choices` gets the values of the
+// enum fields asked for.
+ZStatus checkNodeSettings(const TextRequest& request, Host& host, NodeChoices& choices) {
+    const NodeSchema typeNode(kTypeNode);
+    if (request.alignment) {
+        // The American spelling names the same alignment.
+        const std::string name = sameFieldName(*request.alignment, "center") ? "centre" : *request.alignment;
+        if (const ZStatus status =
+                typeNode.enumValue("alignmentMode", name, "--align", host, choices.alignment);
+            !status)
             return status;
+    }
     if (request.curveResolution)
-        return checkCurveResolution(*request.curveResolution, host);
-    return ZStatus::kSuccess;
+        if (const ZStatus status = typeNode.checkWholeNumber("curveResolution", *request.curveResolution,
+                                                             "--curve-resolution", host);
+            !status)
+            return status;
+    return checkSolidSettings(request.solid, host, choices.solid);
 }
 
 ZStatus loadTypePlugin() {
     return ZHost::isPluginLoaded(kPlugin) ? ZStatus::kSuccess : ZHost::loadPlugin(kPlugin);
 }
 
-// The type node of a new text object, made by the plug-in's procedure.
-ZStatus createTextObject(ZObject& typeNode, ZString& typeName) {
+// The nodes of a new text object, made by the plug-in's procedure, which
+// names the type node first, then the typeExtrude node, the two deformers,
+// the transform and the mesh shape that shows the solid.
+struct TextObject {
+    ZObject typeNode;
+    ZString typeName;
+    ZObject extrudeNode;
+    ZString shapeName;
+};
+
+ZStatus createTextObject(TextObject& made) {
     ZStringArray nodes;
-    if (const ZStatus status = ZGlobal::executeCommand(kCreateText, nodes); !status || nodes.length() == 0) {
+    if (const ZStatus status = ZGlobal::executeCommand(kCreateText, nodes); !status || nodes.length() < 6) {
         reportError(std::string("The Type plug-in's ") + kCreateText + " made no text object");
         return status ? ZStatus::kFailure : status;
     }
-    typeName = nodes[0];
+    made.typeName = nodes[0];
+    made.shapeName = nodes[5];
     ZSelectionList list;
-    if (const ZStatus status = list.add(typeName); !status)
-        return status;
-    return list.getDependNode(0, typeNode);
+    ZStatus status = list.add(nodes[0]);
+    if (status)
+        status = list.add(nodes[1]);
+    if (status)
+        status = list.getDependNode(0, made.typeNode);
+    if (status)
+        status = list.getDependNode(1, made.extrudeNode);
+    return status;
 }
 
 // The node's layout settings are float attributes.
 std::optional<float> asFloat(const std::optional<double>& value) {
     return value ? std::optional(static_cast<float>(*value)) : std::nullopt;
 }
-
-class TypeSettings {
-public:
-    explicit TypeSettings(const ZObject& node)
-        : m_node(node) {}
-
-    template <typename Value> void set(const char* attribute, const Value& value) {
-        if (!m_status)
-            return;
-        ZStatus status;
-        ZPlug plug = m_node.findPlug(attribute, true, &status);
-        if (status)
-            status = plug.setValue(value);
-        if (!status) {
-            reportError(std::string("Cannot set the type node's ") + attribute + ": " +
-                        status.errorString().asStdString());
-            m_status = status;
-        }
-    }
-
-    template <typename Value> void set(const char* attribute, const std::optional<Value>& value) {
-        if (value)
-            set(attribute, *value);
-    }
-
-    ZStatus status() const { return m_status; }
-
-private:
-    ZFnDependencyNode m_node;
-    ZStatus m_status;
-};
 
 // The text goes in through the plug-in's own procedure, which knows the form
 // the node keeps it in.
@@ -187,8 +141,8 @@ ZStatus setText(const std::string& text, const ZString& typeName) {
     return ZHost::callProcedure(kSetText, {typeName.asStdString(), text}, result);
 }
 
-ZStatus applySettings(const TextRequest& request, std::optional<short> alignment, const ZObject& typeNode) {
-    TypeSettings settings(typeNode);
+ZStatus applySettings(const TextRequest& request, const NodeChoices& choices, const ZObject& typeNode) {
+    NodeSettings settings(typeNode);
     settings.set("currentFont", request.font ? std::optional(ZString(*request.font)) : std::nullopt);
     // A family of the user's without a style starts on none; chooseFace picks its regular one.
     if (request.font || request.style)
@@ -198,7 +152,7 @@ ZStatus applySettings(const TextRequest& request, std::optional<short> alignment
     settings.set("kerningScale", asFloat(request.kerning));
     settings.set("leadingScale", asFloat(request.leading));
     settings.set("spaceWidthScale", asFloat(request.spaceWidth));
-    settings.set("alignmentMode", alignment);
+    settings.set("alignmentMode", choices.alignment);
     settings.set("curveResolution", request.curveResolution);
     return settings.status();
 }
@@ -257,7 +211,7 @@ ZStatus chooseFace(const TextRequest& request, const ZObject& typeNode) {
                                         ". Using " + choice.style + "."));
     if (choice.style == request.style.value_or(""))
         return ZStatus::kSuccess;
-    TypeSettings settings(typeNode);
+    NodeSettings settings(typeNode);
     settings.set("currentStyle", ZString(choice.style));
     return settings.status();
 }
@@ -285,8 +239,8 @@ ZStatus showFlatText(const ZString& typeName) {
 } // namespace
 
 void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> chosen) {
-    CLI::App* text =
-        app.add_subcommand("text", "Lay out a text with the Type plug-in and write its flat mesh");
+    CLI::App* text = app.add_subcommand(
+        "text", "Lay out a text with the Type plug-in and write its solid or its flat mesh");
     text->add_option("string", request.text, "The text (default: the type node's own, \"3D Type\")");
     text->add_option("--font", request.font, "Font family (default: the one a new text object starts in)")
         ->type_name("FAMILY");
@@ -319,6 +273,7 @@ void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> c
         ->allow_extra_args(false)
         ->type_name("FILE");
     text->add_option("--preview", request.preview, "Also render a PNG preview")->type_name("FILE.png");
+    addSolidOptions(*text, request.solid);
     text->add_flag("--list-fonts", request.listFonts, "List the font families and styles instead");
     text->callback([&request, chosen = std::move(chosen)] {
         if (!request.listFonts && request.outputs.empty())
@@ -332,27 +287,32 @@ ZStatus runText(const TextRequest& request, Host& host) {
         return status;
     if (const ZStatus status = loadTypePlugin(); !status)
         return status;
-    std::optional<short> alignment;
-    if (const ZStatus status = checkNodeSettings(request, host, alignment); !status)
+    NodeChoices choices;
+    if (const ZStatus status = checkNodeSettings(request, host, choices); !status)
         return status;
-    ZObject typeNode;
-    ZString typeName;
-    if (const ZStatus status = createTextObject(typeNode, typeName); !status)
+    TextObject made;
+    if (const ZStatus status = createTextObject(made); !status)
         return status;
     if (request.text)
-        if (const ZStatus status = setText(*request.text, typeName); !status)
+        if (const ZStatus status = setText(*request.text, made.typeName); !status)
             return status;
-    if (const ZStatus status = applySettings(request, alignment, typeNode); !status)
+    if (const ZStatus status = applySettings(request, choices, made.typeNode); !status)
         return status;
-    if (const ZStatus status = chooseFace(request, typeNode); !status)
+    if (const ZStatus status = applySolidSettings(request.solid, choices.solid, made.extrudeNode); !status)
         return status;
-    if (const ZStatus status = checkSomethingDrawn(typeNode, request); !status)
+    if (const ZStatus status = chooseFace(request, made.typeNode); !status)
         return status;
-    if (const ZStatus status = showFlatText(typeName); !status)
+    if (const ZStatus status = checkSomethingDrawn(made.typeNode, request); !status)
         return status;
+    std::string shown = made.shapeName.asStdString();
+    if (request.solid.flat) {
+        if (const ZStatus status = showFlatText(made.typeName); !status)
+            return status;
+        shown = kFlatShape;
+    }
 
     ZHost::MeshScene scene;
-    if (const ZStatus status = ZHost::gatherMeshes({kFlatShape}, scene); !status)
+    if (const ZStatus status = ZHost::gatherMeshes({shown}, scene); !status)
         return status;
     std::vector<std::string> files = request.outputs;
     if (!request.preview.empty())
@@ -368,12 +328,11 @@ ZStatus runText(const TextRequest& request, Host& host) {
 ZStatus listFonts() {
     if (const ZStatus status = loadTypePlugin(); !status)
         return status;
-    ZObject typeNode;
-    ZString typeName;
-    if (const ZStatus status = createTextObject(typeNode, typeName); !status)
+    TextObject made;
+    if (const ZStatus status = createTextObject(made); !status)
         return status;
     std::vector<FontFamily> families;
-    if (const ZStatus status = readCatalogue(typeNode, families); !status)
+    if (const ZStatus status = readCatalogue(made.typeNode, families); !status)
         return status;
     for (const FontFamily& family : families)
         std::printf("%s: %s\n", family.name.c_str(), joined(family.styles).c_str());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SolidOptions.h"
+
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvoHost/ZHostExport.h>
 #include <functional>
@@ -33,6 +35,7 @@ struct TextRequest {
     std::optional<int> curveResolution;
     std::vector<std::string> outputs; // .obj, .stl, .glb
     std::string preview;              // .png
+    SolidRequest solid;
     ZHost::PreviewSize previewSize = ZHost::defaultPreviewSize();
     bool listFonts = false; // list the catalogue instead
 };
@@ -40,10 +43,11 @@ struct TextRequest {
 // Adds the "text" subcommand; `chosen` runs once the user picked it.
 void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> chosen);
 
-// Loads the Type plug-in, checks the settings whose bounds the type node
-// sets, builds a text object with the plug-in's own procedure, sets the
-// request's settings on its type node, and writes the type node's flat text
-// mesh through a mesh shape of its own.
+// Loads the Type plug-in, checks the settings whose bounds the plug-in's
+// nodes set, builds a text object with the plug-in's own procedure, sets the
+// request's settings on its type and typeExtrude nodes, and writes the text
+// object's solid with its materials, or the type node's flat text mesh
+// through a mesh shape of its own.
 ZStatus runText(const TextRequest& request, Host& host);
 
 // Prints the font families and their styles as the Type plug-in's type node

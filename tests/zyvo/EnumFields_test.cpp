@@ -39,4 +39,11 @@ TEST(EnumFields, FieldsArePickedIgnoringCaseAndListedAsTyped) {
     EXPECT_EQ(zyvo::fieldChoices({{"On", 1}}), "on");
 }
 
+TEST(EnumFields, FieldNamesWithBlanksAreTypedWithDashes) {
+    const auto fields = *parseEnumFields("Distance Field:Normals");
+    ASSERT_NE(zyvo::findField(fields, "distance-field"), nullptr);
+    EXPECT_EQ(zyvo::findField(fields, "Distance-Field")->value, 0);
+    EXPECT_EQ(zyvo::fieldChoices(fields), "distance-field or normals");
+}
+
 } // namespace

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <png.h>
+#include <set>
 #include <sstream>
 #include <tiny_gltf.h>
 
@@ -73,7 +74,7 @@ ProgramResult text(const std::vector<std::string>& args) {
 TEST(TextCommand, WritesTheFlatTextInEveryFormat) {
     TempFolder folder;
     const ProgramResult run =
-        text({"Hi O", "--font", "DejaVu Sans", "--style", "Book", "-o", folder / "t.obj", "-o",
+        text({"Hi O", "--flat", "--font", "DejaVu Sans", "--style", "Book", "-o", folder / "t.obj", "-o",
               folder / "t.stl", "-o", folder / "t.glb", "--preview", folder / "t.png"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
     EXPECT_THAT(run.out, HasSubstr("t.glb"));
@@ -101,6 +102,79 @@ TEST(TextCommand, WritesTheFlatTextInEveryFormat) {
     EXPECT_EQ(indices, 3 * obj.triangles);
 
     EXPECT_GT(drawnPixels(folder / "t.png"), 1000u) << "the preview shows the text";
+}
+
+tinygltf::Model readGlb(const std::filesystem::path& file) {
+    tinygltf::TinyGLTF loader;
+    tinygltf::Model model;
+    std::string error, warning;
+    EXPECT_TRUE(loader.LoadBinaryFromFile(&model, &error, &warning, file.string())) << error;
+    EXPECT_EQ(warning, "");
+    return model;
+}
+
+TEST(TextCommand, WritesTheSolidWithItsThreeMaterials) {
+    TempFolder folder;
+    const ProgramResult run = text({"B8&gQ%Aaeo", "--extrude", "5", "--bevel", "0.5", "--back-bevel", "-o",
+                                    folder / "s.glb", "-o", folder / "s.obj", "--preview", folder / "s.png"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_THAT(run.err, Not(HasSubstr("// ")));
+
+    const ObjMesh obj = readObj(folder / "s.obj");
+    const std::array<double, 2> depth = extent(obj, 2);
+    EXPECT_NEAR(depth[1] - depth[0], 5.0, 1e-3) << "the solid is as deep as asked";
+
+    const tinygltf::Model model = readGlb(folder / "s.glb");
+    ASSERT_EQ(model.materials.size(), 3u) << "caps, bevels and walls";
+    std::set<std::vector<double>> colours;
+    for (const tinygltf::Material& material : model.materials)
+        colours.insert(material.pbrMetallicRoughness.baseColorFactor);
+    EXPECT_EQ(colours.size(), 3u) << "each part its own colour";
+    std::set<int> used;
+    for (const tinygltf::Mesh& mesh : model.meshes)
+        for (const tinygltf::Primitive& primitive : mesh.primitives)
+            used.insert(primitive.material);
+    EXPECT_EQ(used, (std::set<int>{0, 1, 2})) << "every material holds faces";
+    EXPECT_GT(drawnPixels(folder / "s.png"), 1000u) << "the preview shows the solid";
+}
+
+TEST(TextCommand, SolidOptionsReachTheExtrusion) {
+    TempFolder folder;
+    auto solid = [&](const std::string& name, std::vector<std::string> settings) {
+        std::vector<std::string> args{"HI", "--font", "DejaVu Sans", "--style", "Book", "-o", folder / name};
+        args.insert(args.end(), settings.begin(), settings.end());
+        const ProgramResult run = text(args);
+        EXPECT_EQ(run.exitCode, 0) << name << ": " << run.err;
+        return readObj(folder / name);
+    };
+    const ObjMesh plain = solid("plain.obj", {});
+    const ObjMesh deep = solid("deep.obj", {"--extrude", "7"});
+    EXPECT_NEAR(extent(deep, 2)[1] - extent(deep, 2)[0], 7.0, 1e-3);
+    EXPECT_EQ(deep.triangles, plain.triangles) << "depth only moves points";
+    EXPECT_LT(solid("one.obj", {"--extrude-divisions", "1"}).triangles, plain.triangles);
+    EXPECT_LT(solid("open.obj", {"--no-caps"}).triangles, plain.triangles);
+    const ObjMesh bevelled = solid("bevel.obj", {"--bevel", "0.3", "--bevel-divisions", "2"});
+    EXPECT_GT(bevelled.triangles, plain.triangles);
+    for (const char* style : {"inner", "Outer"})
+        EXPECT_GT(solid(std::string(style) + ".obj", {"--bevel", "0.3", "--bevel-style", style}).triangles,
+                  plain.triangles)
+            << style;
+    for (const char* mode : {"normals", "distance-field"})
+        EXPECT_EQ(solid(std::string(mode) + ".obj", {"--bevel", "0.3", "--offset-mode", mode}).triangles,
+                  solid("default-mode.obj", {"--bevel", "0.3"}).triangles)
+            << mode;
+
+    const ProgramResult style = text({"HI", "--bevel-style", "round", "-o", folder / "x.obj"});
+    EXPECT_EQ(style.exitCode, 2);
+    EXPECT_THAT(style.err, HasSubstr("outer or inner"));
+    const ProgramResult mode = text({"HI", "--offset-mode", "grid", "-o", folder / "x.obj"});
+    EXPECT_EQ(mode.exitCode, 2);
+    EXPECT_THAT(mode.err, HasSubstr("distance-field or normals"));
+    const ProgramResult divisions = text({"HI", "--bevel-divisions", "0", "-o", folder / "x.obj"});
+    EXPECT_EQ(divisions.exitCode, 2);
+    EXPECT_THAT(divisions.err, HasSubstr("--bevel-divisions"));
+    const ProgramResult flat = text({"HI", "--flat", "--back-bevel", "-o", folder / "x.obj"});
+    EXPECT_EQ(flat.exitCode, 2) << "the flat text has no bevel";
 }
 
 TEST(TextCommand, SettingsReachTheTypeNode) {
