@@ -71,8 +71,9 @@ TEST(UvAtlas, EachFaceHasItsTileAndEachKindOfFaceItsBand) {
         EXPECT_GE(boxes[f].u0, tile) << f;
         EXPECT_LE(boxes[f].u1, tile + 0.5f) << f;
         // No side face runs back across its tile at a loop's seam.
-        if (std::find(topology.capFaces.begin(), topology.capFaces.end(), f) == topology.capFaces.end())
+        if (std::find(topology.capFaces.begin(), topology.capFaces.end(), f) == topology.capFaces.end()) {
             EXPECT_LT(boxes[f].u1 - boxes[f].u0, 0.2f) << f;
+        }
     }
     // A cap's holes have uvs too: the front cap of a square with a hole has eight.
     EXPECT_EQ(uvs.faceUvCounts[topology.capFaces[0]], 8);
