@@ -1,5 +1,6 @@
 #include "ExtrudeNodeTesting.h"
 #include "SolidCheck.h"
+#include "TriangleCrossing.h"
 
 #include <OpenZyvo/ZFnIntArrayData.h>
 #include <cmath>
@@ -187,6 +188,40 @@ TEST_P(WatertightSolids, BeveledGlyphsInDistanceFieldModeAreClosedOutwardSolids)
           "setAttr typeExtrude1.backBevelDivisions 3"})
         ASSERT_TRUE(run(setting)) << setting;
     expectSolids(true);
+}
+
+std::vector<type::testing::Triangle3> trianglesOf(const ZFnMesh& mesh) {
+    ZPointArray points;
+    ZIntArray counts;
+    ZIntArray corners;
+    EXPECT_TRUE(mesh.getPoints(points));
+    EXPECT_TRUE(mesh.getTriangles(counts, corners));
+    std::vector<type::testing::Triangle3> triangles;
+    for (unsigned int c = 0; c + 2 < corners.length(); c += 3) {
+        type::testing::Triangle3& t = triangles.emplace_back();
+        for (int k = 0; k < 3; ++k) {
+            const ZPoint& p = points[corners[c + k]];
+            t[k] = {p.x, p.y, p.z};
+        }
+    }
+    return triangles;
+}
+
+// Bevels of the "Distance Field" mode from a hair's width to well past half
+// the thickest stroke: where rings meet a stroke's middle they stop there, so
+// no two triangles of the solid pass through each other.
+TEST_P(WatertightSolids, DistanceFieldBevelsOfAnyWidthNeverFold) {
+    for (const char* setting :
+         {"setAttr typeExtrude1.mode 0", "setAttr typeExtrude1.enableOuterBevel 1",
+          "setAttr typeExtrude1.bevelOffset 0.02", "setAttr typeExtrude1.bevelDivisions 3"})
+        ASSERT_TRUE(run(setting)) << setting;
+    for (const char* width : {"0.01", "0.05", "0.2"}) {
+        ASSERT_TRUE(run(std::string("setAttr typeExtrude1.bevelDistance ") + width));
+        EXPECT_EQ(type::testing::crossings(trianglesOf(ZFnMesh(meshData()))), 0) << "bevel " << width;
+    }
+    ASSERT_TRUE(run("setAttr typeExtrude1.mode 1"));
+    EXPECT_GT(type::testing::crossings(trianglesOf(ZFnMesh(meshData()))), 0)
+        << "the widest bevel folds along the mitres, so the check bites";
 }
 
 INSTANTIATE_TEST_SUITE_P(Fonts, WatertightSolids, ::testing::ValuesIn(kFonts),

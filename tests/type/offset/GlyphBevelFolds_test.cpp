@@ -97,40 +97,6 @@ void appendStrip(const FaceOutline& face, double width, const Rings& ring, std::
     }
 }
 
-// Pairs of triangles that pass through each other, found by sweeping boxes along x.
-int crossings(const std::vector<Triangle3>& triangles) {
-    struct Box {
-        double min[3];
-        double max[3];
-    };
-    std::vector<Box> boxes(triangles.size());
-    std::vector<int> order(triangles.size());
-    for (std::size_t t = 0; t < triangles.size(); ++t) {
-        for (int axis = 0; axis < 3; ++axis) {
-            const auto coordinate = [axis](const Point3& p) {
-                return axis == 0 ? p.x : axis == 1 ? p.y : p.z;
-            };
-            boxes[t].min[axis] = std::min(
-                {coordinate(triangles[t][0]), coordinate(triangles[t][1]), coordinate(triangles[t][2])});
-            boxes[t].max[axis] = std::max(
-                {coordinate(triangles[t][0]), coordinate(triangles[t][1]), coordinate(triangles[t][2])});
-        }
-        order[t] = static_cast<int>(t);
-    }
-    std::sort(order.begin(), order.end(), [&](int a, int b) { return boxes[a].min[0] < boxes[b].min[0]; });
-    int found = 0;
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        const Box& a = boxes[order[i]];
-        for (std::size_t j = i + 1; j < order.size() && boxes[order[j]].min[0] <= a.max[0]; ++j) {
-            const Box& b = boxes[order[j]];
-            if (b.min[1] > a.max[1] || b.max[1] < a.min[1] || b.min[2] > a.max[2] || b.max[2] < a.min[2])
-                continue;
-            found += trianglesCross(triangles[order[i]], triangles[order[j]]);
-        }
-    }
-    return found;
-}
-
 // The glyphs of `fonts` whose bevel strip of some width in `widths` folds.
 std::vector<std::string> foldingGlyphs(const std::vector<Font>& fonts, const std::vector<double>& widths,
                                        const Rings& ring, const std::string& characters = kPrintable) {

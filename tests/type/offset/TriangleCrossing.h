@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 namespace type::testing {
 
@@ -21,5 +22,8 @@ using Triangle3 = std::array<Point3, 3>;
 // each other. Zero-area triangles never cross. Distances below a millionth
 // of the pair's size count as zero, which is what float data can resolve.
 bool trianglesCross(const Triangle3& a, const Triangle3& b);
+
+// How many pairs of `triangles` cross, found by sweeping their boxes along x.
+int crossings(const std::vector<Triangle3>& triangles);
 
 } // namespace type::testing
