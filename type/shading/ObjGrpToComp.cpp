@@ -98,15 +98,15 @@ ZStatus objGrpToComp::compute(const ZPlug& plug, ZDataBlock& block) {
     ZStatus status;
     const ZDataHandle input = block.inputValue(inputMesh, &status);
     if (!status)
-        return reportApiError(status, kSourceUnit);
+        return reportApiError(status, kUnit);
     ZDataHandle output = block.outputValue(outputMesh, &status);
     if (!status)
-        return reportApiError(status, kSourceUnit);
+        return reportApiError(status, kUnit);
     ZArrayDataHandle lists = block.outputArrayValue(outComponents, &status);
     if (!status)
-        return reportApiError(status, kSourceUnit);
+        return reportApiError(status, kUnit);
     if (status = output.copy(input); !status)
-        return reportApiError(status, kSourceUnit);
+        return reportApiError(status, kUnit);
     const ZObject mesh = output.asMesh();
     if (mesh.isNull())
         return ZStatus::kSuccess;
@@ -116,21 +116,21 @@ ZStatus objGrpToComp::compute(const ZPlug& plug, ZDataBlock& block) {
         return status;
     ZArrayDataBuilder builder(&block, outComponents, static_cast<unsigned int>(members.size()), &status);
     if (!status)
-        return reportApiError(status, kSourceUnit);
+        return reportApiError(status, kUnit);
     for (unsigned int i = 0; i < members.size(); ++i) {
         ZObject list;
         if (status = faceList(members[i], list); !status)
             return status;
         ZDataHandle element = builder.addElement(i, &status);
         if (!status)
-            return reportApiError(status, kSourceUnit);
+            return reportApiError(status, kUnit);
         if (status = element.setZObject(list); !status)
-            return reportApiError(status, kSourceUnit);
+            return reportApiError(status, kUnit);
     }
     if (status = lists.set(builder); !status)
-        return reportApiError(status, kSourceUnit);
+        return reportApiError(status, kUnit);
     if (status = lists.setAllClean(); !status)
-        return reportApiError(status, kSourceUnit);
+        return reportApiError(status, kUnit);
     return block.setClean(plug);
 }
 
