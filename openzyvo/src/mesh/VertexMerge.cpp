@@ -96,11 +96,23 @@ void VertexMergeIndex::extend(std::span<const Point3> points) {
     next_.resize(points.size(), -1);
     reserve(static_cast<size_t>(usedSlots_) + static_cast<size_t>(count - indexedCount_));
 
+    // A whole mesh is indexed at once on its first merge, and each insert lands on a random slot
+    // of a table far larger than the cache. The keys are worked out first, so that each insert
+    // can fetch the home slot of one a little ahead and the misses overlap instead of queueing.
+    constexpr int32_t kAhead = 16;
+    std::vector<uint32_t> keys;
+    keys.reserve(static_cast<size_t>(count - indexedCount_));
     for (int32_t id = indexedCount_; id < count; ++id) {
-        if (isFinite(points[id])) {
-            const Cell cell = cellOf(points[id]);
-            insert(id, keyOf(cell.x, cell.y, cell.z));
-        }
+        const Cell cell = cellOf(points[id]);
+        keys.push_back(keyOf(cell.x, cell.y, cell.z));
+    }
+    const size_t mask = slots_.size() - 1;
+    for (int32_t id = indexedCount_; id < count; ++id) {
+        const auto at = static_cast<size_t>(id - indexedCount_);
+        if (at + kAhead < keys.size())
+            __builtin_prefetch(&slots_[keys[at + kAhead] & mask], 1);
+        if (isFinite(points[id]))
+            insert(id, keys[at]);
     }
     indexedCount_ = count;
 }
