@@ -41,10 +41,16 @@ template <class Points> ZStatus writePoints(MeshTarget* target, const Points& po
     const auto transform = oz::SpaceTransform::make(*target, space);
     if (!transform)
         return ZStatus::kInvalidParameter;
+    // Nodes write their output in object space, every point of it on each update of a shape
+    // value: without a matrix the points are only converted.
     std::vector<Point3> moved;
-    moved.reserve(points.length());
-    for (const auto& p : points)
-        moved.push_back(transform->pointFromSpace(ZPoint(p)));
+    if (transform->isIdentity()) {
+        moved = kernelPoints(points);
+    } else {
+        moved.reserve(points.length());
+        for (const auto& p : points)
+            moved.push_back(transform->pointFromSpace(ZPoint(p)));
+    }
     return oz::editMesh(target, MeshTarget::Edit::kPoints,
                         [&](MeshData& data) { return oz::toStatus(data.mesh.setPoints(moved)); });
 }
