@@ -13,10 +13,9 @@ using oz::mesh::Point3;
 namespace {
 
 template <class Points> std::vector<Point3> kernelPoints(const Points& points) {
-    std::vector<Point3> out;
-    out.reserve(points.length());
-    for (const auto& p : points)
-        out.push_back(oz::toKernel(p));
+    std::vector<Point3> out(points.length());
+    for (unsigned int i = 0; i < points.length(); ++i)
+        out[i] = oz::toKernel(points[i]);
     return out;
 }
 
