@@ -107,12 +107,16 @@ public:
     std::size_t triangles() {
         const auto triangulation = solid().triangulation();
         benchmark::DoNotOptimize(triangulation->triangles.data());
+        m_cuts = triangulation->counts;
         return triangulation->triangles.size();
     }
+    // How the faces of the last triangulation were cut: faces the GLU sweep takes are the slow ones.
+    const oz::mesh::TriangulationCounts& cuts() const { return m_cuts; }
 
 private:
     ZObject m_text;
     ZObject m_extrude;
+    oz::mesh::TriangulationCounts m_cuts;
 };
 
 void report(benchmark::State& state, SolidScene& scene, std::size_t triangles) {
@@ -149,6 +153,8 @@ void solidAfterTextChange(benchmark::State& state, std::string text, bool bevel)
         triangles = scene.triangles();
     }
     report(state, scene, triangles);
+    state.counters["memo"] = scene.cuts().memo;
+    state.counters["tessellated"] = scene.cuts().tessellated;
 }
 
 void BM_T7Bevel(benchmark::State& state) {

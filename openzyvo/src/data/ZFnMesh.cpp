@@ -13,10 +13,9 @@ using oz::mesh::Point3;
 namespace {
 
 template <class Points> std::vector<Point3> kernelPoints(const Points& points) {
-    std::vector<Point3> out;
-    out.reserve(points.length());
-    for (const auto& p : points)
-        out.push_back(oz::toKernel(p));
+    std::vector<Point3> out(points.length());
+    for (unsigned int i = 0; i < points.length(); ++i)
+        out[i] = oz::toKernel(points[i]);
     return out;
 }
 
@@ -41,10 +40,16 @@ template <class Points> ZStatus writePoints(MeshTarget* target, const Points& po
     const auto transform = oz::SpaceTransform::make(*target, space);
     if (!transform)
         return ZStatus::kInvalidParameter;
+    // Nodes write their output in object space, every point of it on each update of a shape
+    // value: without a matrix the points are only converted.
     std::vector<Point3> moved;
-    moved.reserve(points.length());
-    for (const auto& p : points)
-        moved.push_back(transform->pointFromSpace(ZPoint(p)));
+    if (transform->isIdentity()) {
+        moved = kernelPoints(points);
+    } else {
+        moved.reserve(points.length());
+        for (const auto& p : points)
+            moved.push_back(transform->pointFromSpace(ZPoint(p)));
+    }
     return oz::editMesh(target, MeshTarget::Edit::kPoints,
                         [&](MeshData& data) { return oz::toStatus(data.mesh.setPoints(moved)); });
 }

@@ -56,6 +56,12 @@ void FaceLoops::appendLoopOffsets(std::span<const int32_t> loopCounts, int32_t f
     }
 }
 
+void FaceLoops::reserve(int32_t faces, int32_t loops, int32_t faceVertices) {
+    reserveGrowing(faces_, faces_.size() + static_cast<size_t>(faces));
+    reserveGrowing(loopOffsets_, loopOffsets_.size() + static_cast<size_t>(loops));
+    reserveGrowing(vertexIds_, vertexIds_.size() + static_cast<size_t>(faceVertices));
+}
+
 PoolEdit FaceLoops::appendFace(std::span<const int32_t> loopCounts, std::span<const int32_t> vertexIds) {
     const auto added = static_cast<int32_t>(vertexIds.size());
     const auto loops = static_cast<int32_t>(loopCounts.size());

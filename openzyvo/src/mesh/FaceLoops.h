@@ -75,6 +75,9 @@ public:
     // Largest vertex id used plus one (0 when there are no faces).
     int32_t vertexIdBound() const;
 
+    // Makes room for that many more faces, loops and face-vertices, so that building a mesh face
+    // by face does not move the pool at every doubling.
+    void reserve(int32_t faces, int32_t loops, int32_t faceVertices);
     // Appends a face whose loops have the given vertex counts, taking that many ids from
     // `vertexIds`. The caller has validated counts and ids. Columns follow with `added` values.
     PoolEdit appendFace(std::span<const int32_t> loopCounts, std::span<const int32_t> vertexIds);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>
@@ -108,6 +109,17 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
         ++counts.simple;
         return;
     }
+    // Walls are convex quads, by far the most faces of a solid: they are split before a shape
+    // hash is paid for. Only planar cuts enter the memo, so no quad split here could have hit it.
+    const bool quad = faces.faceLoopCount(face) == 1 && outer.size() == 4;
+    std::optional<Vector3> normal;
+    if (quad) {
+        normal = faceNormal(faces, points, face);
+        if (triangulateQuad(outer, points, *normal, triangles)) {
+            ++counts.simple;
+            return;
+        }
+    }
     // A translated copy of a face cut before needs neither its normal nor any check.
     const uint64_t hash = shapeHash(faces, points, face);
     if (const auto pattern = memo.find(faces, points, face, hash); !pattern.empty()) {
@@ -115,14 +127,11 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
         ++counts.memo;
         return;
     }
-    const Vector3 normal = faceNormal(faces, points, face);
-    if (faces.faceLoopCount(face) == 1 && triangulateQuad(outer, points, normal, triangles)) {
-        ++counts.simple;
+    if (!normal)
+        normal = faceNormal(faces, points, face);
+    if (*normal != Vector3{} && cutPlanar(faces, points, face, *normal, hash))
         return;
-    }
-    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, hash))
-        return;
-    tessellator.tessellate(faces, points, face, normal, triangles);
+    tessellator.tessellate(faces, points, face, *normal, triangles);
     ++counts.tessellated;
 }
 

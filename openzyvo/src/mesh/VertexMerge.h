@@ -10,8 +10,8 @@ namespace oz::mesh {
 
 // Spatial hash over points for "reuse a vertex within tolerance" lookups. Cells are at least
 // twice the tolerance wide, so the tolerance ball around a query point touches at most two cells
-// per axis (its own and the nearer neighbour): a lookup probes 8 cells, O(1) on average instead
-// of a scan over every vertex.
+// per axis (its own and the nearer neighbour, when the ball reaches it): a lookup probes at most
+// 8 cells, O(1) on average instead of a scan over every vertex.
 class VertexMergeIndex {
 public:
     explicit VertexMergeIndex(double tolerance);
@@ -37,14 +37,20 @@ private:
     };
 
     Cell cellOf(Point3 p) const;
-    // The neighbour of p's cell on the side p is nearer to, per axis.
-    Cell nearSideOf(Point3 p) const;
+    // Per axis, the neighbour of p's cell on the side p is nearer to, and whether the tolerance
+    // ball around p reaches into it.
+    struct Reach {
+        Cell near;
+        bool crosses[3];
+    };
+    Reach reachOf(Point3 p) const;
     size_t slotOf(uint32_t key) const;
     void insert(int32_t id, uint32_t key);
     void reserve(size_t cells);
 
     double tolerance_;
     double inverseCellSize_;
+    double reach_; // the tolerance in cell widths
     int32_t indexedCount_ = 0;
     int32_t usedSlots_ = 0;
     std::vector<Slot> slots_;
