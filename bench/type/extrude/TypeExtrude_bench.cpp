@@ -173,6 +173,30 @@ void BM_P1000Bevel(benchmark::State& state) {
 }
 BENCHMARK(BM_P1000Bevel)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
+// The same text change with the bevel rings offset through each glyph face's distance field, in
+// the one text change that builds a field for each new face.
+void BM_P1000BevelDistanceField(benchmark::State& state) {
+    const auto text = sharedWorkload("p1000.txt");
+    if (!text) {
+        state.SkipWithError("p1000.txt not found: set ZYVO_BENCH_WORKLOADS to the shared workloads");
+        return;
+    }
+    std::string changed = *text;
+    SolidScene scene(true);
+    scene.extrude(TypeExtrude::mode).setValue(0);
+    std::size_t triangles = 0;
+    const std::size_t at = changed.size() / 2;
+    const char replacements[] = {'x', changed[at]};
+    std::size_t round = 0;
+    for (auto _ : state) {
+        changed[at] = replacements[round++ % 2];
+        scene.setText(changed);
+        triangles = scene.triangles();
+    }
+    report(state, scene, triangles);
+}
+BENCHMARK(BM_P1000BevelDistanceField)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
+
 void BM_P1000Extrude(benchmark::State& state) {
     const auto text = sharedWorkload("p1000.txt");
     if (!text) {
