@@ -1,3 +1,5 @@
+#include "../RegisterNode.h"
+#include "../SharedWorkload.h"
 #include "data/MeshAccess.h"
 #include "extrude/TypeExtrude.h"
 #include "graph/NodeTypeRegistry.h"
@@ -21,33 +23,6 @@
 
 namespace type {
 namespace {
-
-template <typename Node> void registerNode() {
-    if (oz::NodeTypeRegistry::instance().find(ZString(Node::kTypeName)))
-        return;
-    oz::NodeTypeInfo info;
-    info.name = Node::kTypeName;
-    info.id = ZTypeId(Node::kTypeId);
-    info.creator = [] {
-        return static_cast<ZPxNode*>(Node::creator());
-    };
-    info.initializer = Node::initialize;
-    if (!oz::NodeTypeRegistry::instance().registerType(std::move(info)))
-        std::abort();
-}
-
-// The shared workloads other text-to-mesh tools were timed on, in the folder beside the source
-// tree, or where ZYVO_BENCH_WORKLOADS points.
-std::optional<std::string> sharedWorkload(const std::string& name) {
-    const char* overridden = std::getenv("ZYVO_BENCH_WORKLOADS");
-    const std::filesystem::path folder = overridden ? overridden : ZYVO_SHARED_BENCH_DIR;
-    std::ifstream file(folder / name, std::ios::binary);
-    if (!file)
-        return std::nullopt;
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 // A type node in DejaVu Sans at 4 segments per curve, fontSize 1, feeding a typeExtrude node
 // 0.25 deep with bevels 0.02 wide and deep in 3 divisions, front and back, in "Normals" mode.

@@ -1,3 +1,4 @@
+#include "../SharedWorkload.h"
 #include "layout/GlyphDecomposition.h"
 #include "layout/GuiApplication.h"
 #include "offset/DistanceFieldOffset.h"
@@ -18,19 +19,6 @@ namespace {
 // Glyphs at 100 pixels to the em, curves flattened as in the shared workloads.
 constexpr int kEm = 100;
 constexpr int kCurveResolution = 4;
-
-// The shared workloads that other text-to-mesh tools were timed on, in the folder beside the
-// source tree, or where ZYVO_BENCH_WORKLOADS points.
-std::optional<std::string> sharedWorkload(const std::string& name) {
-    const char* overridden = std::getenv("ZYVO_BENCH_WORKLOADS");
-    const std::filesystem::path folder = overridden ? overridden : ZYVO_SHARED_BENCH_DIR;
-    std::ifstream file(folder / name, std::ios::binary);
-    if (!file)
-        return std::nullopt;
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 std::vector<FaceOutline> facesOf(const QRawFont& font, char c) {
     std::vector<FaceOutline> faces;

@@ -1,4 +1,6 @@
 #include "../Paragraph.h"
+#include "../RegisterNode.h"
+#include "../SharedWorkload.h"
 #include "data/MeshAccess.h"
 #include "graph/NodeTypeRegistry.h"
 #include "mesh/FaceTriangulation.h"
@@ -19,20 +21,6 @@
 namespace type {
 namespace {
 
-void registerTypeNode() {
-    if (oz::NodeTypeRegistry::instance().find(ZString(fontNode::kTypeName)))
-        return;
-    oz::NodeTypeInfo info;
-    info.name = fontNode::kTypeName;
-    info.id = ZTypeId(fontNode::kTypeId);
-    info.creator = [] {
-        return static_cast<ZPxNode*>(fontNode::creator());
-    };
-    info.initializer = fontNode::initialize;
-    if (!oz::NodeTypeRegistry::instance().registerType(std::move(info)))
-        std::abort();
-}
-
 using bench::paragraph;
 
 // A fresh scene with one type node in DejaVu Sans at curve resolution 4,
@@ -41,7 +29,7 @@ using bench::paragraph;
 class TypeScene {
 public:
     TypeScene() {
-        registerTypeNode();
+        registerNode<fontNode>();
         ZFileIO::newFile(true);
         m_node = ZFnDependencyNode().create(ZString(fontNode::kTypeName));
         plug(fontNode::currentFont).setValue("DejaVu Sans");
@@ -147,19 +135,6 @@ void BM_RecomputeParagraphAfterOneNewGlyph(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_RecomputeParagraphAfterOneNewGlyph)->Unit(benchmark::kMillisecond);
-
-// The shared workloads that other text-to-mesh tools were timed on, in the folder beside the
-// source tree, or where ZYVO_BENCH_WORKLOADS points.
-std::optional<std::string> sharedWorkload(const std::string& name) {
-    const char* overridden = std::getenv("ZYVO_BENCH_WORKLOADS");
-    const std::filesystem::path folder = overridden ? overridden : ZYVO_SHARED_BENCH_DIR;
-    std::ifstream file(folder / name, std::ios::binary);
-    if (!file)
-        return std::nullopt;
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 // From a text change to triangles: a node showing nothing gets `text` (every glyph decomposed),
 // computes its flat mesh, and the mesh is cut into triangles.

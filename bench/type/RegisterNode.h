@@ -1,0 +1,25 @@
+#pragma once
+
+#include "graph/NodeTypeRegistry.h"
+
+#include <cstdlib>
+
+namespace type {
+
+// Registers a node class of the plug-in straight with the runtime's node registry, so that a
+// benchmark measures the node without loading Type.so; a second call leaves it registered.
+template <typename Node> void registerNode() {
+    if (oz::NodeTypeRegistry::instance().find(ZString(Node::kTypeName)))
+        return;
+    oz::NodeTypeInfo info;
+    info.name = Node::kTypeName;
+    info.id = ZTypeId(Node::kTypeId);
+    info.creator = [] {
+        return static_cast<ZPxNode*>(Node::creator());
+    };
+    info.initializer = Node::initialize;
+    if (!oz::NodeTypeRegistry::instance().registerType(std::move(info)))
+        std::abort();
+}
+
+} // namespace type
