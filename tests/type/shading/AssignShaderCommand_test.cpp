@@ -1,4 +1,4 @@
-#include "../plugin/PluginTesting.h"
+#include "ExportedMaterials.h"
 #include "plugin/TypeMessages.h"
 
 #include <OpenZyvo/ZFnGeometryData.h>
@@ -216,30 +216,12 @@ protected:
         ASSERT_TRUE(geometry.addObjectGroup(id));
         ASSERT_TRUE(geometry.setObjectGroupComponent(id, object));
     }
-
-    // Triangles per material of an OBJ export of the letter.
-    static std::map<std::string, int> trianglesPerMaterial() {
-        ZHost::MeshScene scene;
-        EXPECT_TRUE(ZHost::gatherMeshes({"letter"}, scene));
-        const std::filesystem::path file = writeFile("letter.obj", "");
-        EXPECT_TRUE(ZHost::writeMeshes(scene, file.string()));
-        std::map<std::string, int> triangles;
-        std::ifstream in(file);
-        std::string line, material;
-        while (std::getline(in, line)) {
-            if (line.rfind("usemtl ", 0) == 0)
-                material = line.substr(7);
-            else if (line.rfind("f ", 0) == 0)
-                ++triangles[material];
-        }
-        return triangles;
-    }
 };
 
 TEST_F(AssignShaderExport, ExportWritesEachGroupsFacesWithItsEngine) {
     ASSERT_TRUE(run(kAssign));
     ASSERT_TRUE(run("assignShaderToType -gr middle -sg middleSG -me letterShape"));
-    const std::map<std::string, int> triangles = trianglesPerMaterial();
+    const std::map<std::string, int> triangles = exportedTriangles("letter");
     EXPECT_EQ(triangles.at("partSG"), 4);
     EXPECT_EQ(triangles.at("middleSG"), 2);
 }
@@ -248,7 +230,7 @@ TEST_F(AssignShaderExport, UndoneAssignmentNoLongerBindsTheFaces) {
     ASSERT_TRUE(run(kAssign));
     ASSERT_TRUE(runUndoable("assignShaderToType -gr middle -sg middleSG -me letterShape"));
     ASSERT_TRUE(run("undo"));
-    const std::map<std::string, int> triangles = trianglesPerMaterial();
+    const std::map<std::string, int> triangles = exportedTriangles("letter");
     EXPECT_EQ(triangles.count("middleSG"), 0u);
     EXPECT_EQ(triangles.at("partSG"), 4);
 }

@@ -1,4 +1,4 @@
-#include "../plugin/PluginTesting.h"
+#include "ExportedMaterials.h"
 
 #include <OpenZyvoHost/ZHostExport.h>
 #include <fstream>
@@ -98,24 +98,6 @@ TEST_F(TextMaterials, CreateTextTakesBackItsMaterialsWhenBindingFails) {
     EXPECT_EQ(texts("ls -type lambert"), shadersBefore);
     for (const char* type : {"groupId", "type", "typeExtrude", "mesh"})
         EXPECT_THAT(texts(std::string("ls -type ") + type), IsEmpty()) << type;
-}
-
-// Triangles per material of an OBJ export of the node.
-std::map<std::string, int> exportedTriangles(const std::string& node) {
-    ZHost::MeshScene scene;
-    EXPECT_TRUE(ZHost::gatherMeshes({node}, scene));
-    const std::filesystem::path file = writeFile(node + ".obj", "");
-    EXPECT_TRUE(ZHost::writeMeshes(scene, file.string()));
-    std::map<std::string, int> triangles;
-    std::ifstream in(file);
-    std::string line, material;
-    while (std::getline(in, line)) {
-        if (line.rfind("usemtl ", 0) == 0)
-            material = line.substr(7);
-        else if (line.rfind("f ", 0) == 0)
-            ++triangles[material];
-    }
-    return triangles;
 }
 
 TEST_F(TextMaterials, ExportWritesTheCapBevelAndExtrusionWithTheirMaterials) {
