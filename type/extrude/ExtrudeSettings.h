@@ -4,7 +4,8 @@
 
 namespace type {
 
-// The node's extrusion and bevel values as the user set them.
+// The node's extrusion and bevel values as the user set them; a new node
+// starts with these (its schema takes its defaults from here).
 struct ExtrudeAttributes {
     int gridSize = 100;
     int mode = 1;
@@ -33,22 +34,22 @@ enum class OffsetMode { kDistanceField = 0, kNormals = 1 };
 // taken from the front one when asked, and every count and distance brought
 // into a range the builders can work with.
 struct ExtrudeSettings {
-    int gridSize = 100; // as set: the distance field brings it into its own range
+    int gridSize{}; // as set: the distance field brings it into its own range
     OffsetMode mode = OffsetMode::kNormals;
-    double bevelOffset = 0.25;
+    double bevelOffset{};
     InternalBevel bevelStyle = InternalBevel::kNone;
-    bool deleteCaps = false;
-    double bevelDistance = 0.35;
-    int bevelDivisions = 6;
-    bool backBevel = false;
-    double backBevelDistance = 0.35;
-    int backBevelDivisions = 6;
-    double backBevelOffset = 0.25;
-    bool rearUsesFront = false;
-    bool extrusion = true;
-    double extrudeDistance = 2.5;
-    int extrudeDivisions = 4;
-    double extrudeOffset = 0.0;
+    bool deleteCaps{};
+    double bevelDistance{};
+    int bevelDivisions{};
+    bool backBevel{};
+    double backBevelDistance{};
+    int backBevelDivisions{};
+    double backBevelOffset{};
+    bool rearUsesFront{};
+    bool extrusion{};
+    double extrudeDistance{};
+    int extrudeDivisions{};
+    double extrudeOffset{};
 };
 
 // The largest division count of one profile block: a value set through

@@ -1,3 +1,4 @@
+#include "extrude/ExtrudeSettings.h"
 #include "extrude/TypeExtrude.h"
 #include "plugin/AttributeSchema.h"
 #include "plugin/TypeMessages.h"
@@ -58,6 +59,7 @@ void* TypeExtrude::creator() {
 ZStatus TypeExtrude::initialize() {
     using N = ZFnNumericData;
     AttributeSchema schema(kSourceUnit);
+    const ExtrudeAttributes d;
     const AttributeFlags input{.storable = true, .keyable = true};
     auto add = [&](ZObject& attribute, ZObject created,
                    AttributeSchema::Where where = AttributeSchema::Where::current()) {
@@ -71,38 +73,39 @@ ZStatus TypeExtrude::initialize() {
     // The field names are messages, so that a translation names the modes too.
     const std::string distanceField = messages::text(messages::kDistanceField).asStdString();
     const std::string normals = messages::text(messages::kNormals).asStdString();
-    add(mode,
-        schema.enumeration({"mode", "md"}, 1, {{distanceField.c_str(), 0}, {normals.c_str(), 1}}, input));
-    add(enableExtrusion, schema.numeric({"enableExtrusion", "enEx"}, N::kBoolean, 1.0, input));
-    add(extrudeDivisions, schema.numeric({"extrudeDivisions", "exdv"}, N::kInt, 4.0, input,
+    add(mode, schema.enumeration({"mode", "md"}, d.mode, {{distanceField.c_str(), 0}, {normals.c_str(), 1}},
+                                 input));
+    add(enableExtrusion, schema.numeric({"enableExtrusion", "enEx"}, N::kBoolean, d.enableExtrusion, input));
+    add(extrudeDivisions, schema.numeric({"extrudeDivisions", "exdv"}, N::kInt, d.extrudeDivisions, input,
                                          {.min = 1.0, .softMin = 1.0, .softMax = 10.0}));
-    add(extrudeDistance, schema.numeric({"extrudeDistance", "exds"}, N::kFloat, 2.5, input,
+    add(extrudeDistance, schema.numeric({"extrudeDistance", "exds"}, N::kFloat, d.extrudeDistance, input,
                                         {.softMin = 0.1, .softMax = 10.0}));
-    add(extrudeOffset,
-        schema.numeric({"extrudeOffset", "exof"}, N::kFloat, 0.0, input, {.softMin = 0.0, .softMax = 1.0}));
+    add(extrudeOffset, schema.numeric({"extrudeOffset", "exof"}, N::kFloat, d.extrudeOffset, input,
+                                      {.softMin = 0.0, .softMax = 1.0}));
     add(extrudeCurve, schema.curve({"extrudeCurve", "exc"}));
-    add(deleteCaps, schema.numeric({"deleteCaps", "dcs"}, N::kBoolean, 0.0, input));
-    add(gridSize, schema.numeric({"gridSize", "gs"}, N::kInt, 100.0, input));
-    add(bevelOffset,
-        schema.numeric({"bevelOffset", "bof"}, N::kFloat, 0.25, input, {.softMin = 0.0, .softMax = 1.0}));
+    add(deleteCaps, schema.numeric({"deleteCaps", "dcs"}, N::kBoolean, d.deleteCaps, input));
+    add(gridSize, schema.numeric({"gridSize", "gs"}, N::kInt, d.gridSize, input));
+    add(bevelOffset, schema.numeric({"bevelOffset", "bof"}, N::kFloat, d.bevelOffset, input,
+                                    {.softMin = 0.0, .softMax = 1.0}));
     add(frontBevelCurve, schema.curve({"frontBevelCurve", "fbc"}));
-    add(bevelDivisions, schema.numeric({"bevelDivisions", "bdv"}, N::kInt, 6.0, input,
+    add(bevelDivisions, schema.numeric({"bevelDivisions", "bdv"}, N::kInt, d.bevelDivisions, input,
                                        {.min = 1.0, .softMin = 1.0, .softMax = 20.0}));
-    add(bevelDistance,
-        schema.numeric({"bevelDistance", "bds"}, N::kFloat, 0.35, input, {.softMin = -1.0, .softMax = 1.0}));
+    add(bevelDistance, schema.numeric({"bevelDistance", "bds"}, N::kFloat, d.bevelDistance, input,
+                                      {.softMin = -1.0, .softMax = 1.0}));
     add(capGroupId, schema.numeric({"capGroupId", "cid"}, N::kInt, -1.0, input));
     add(bevelGroupId, schema.numeric({"bevelGroupId", "bid"}, N::kInt, -1.0, input));
     add(extrudeGroupId, schema.numeric({"extrudeGroupId", "eid"}, N::kInt, -1.0, input));
     add(defaultGroupId, schema.numeric({"defaultGroupId", "did"}, N::kInt, -1.0, input));
-    add(enableBackBevel, schema.numeric({"enableBackBevel", "ebb"}, N::kBoolean, 0.0, input));
-    add(backBevelOffset, schema.numeric({"backBevelOffset", "bbof"}, N::kFloat, 0.25, input,
+    add(enableBackBevel, schema.numeric({"enableBackBevel", "ebb"}, N::kBoolean, d.enableBackBevel, input));
+    add(backBevelOffset, schema.numeric({"backBevelOffset", "bbof"}, N::kFloat, d.backBevelOffset, input,
                                         {.softMin = 0.0, .softMax = 1.0}));
     add(backBevelCurve, schema.curve({"backBevelCurve", "bbc"}));
-    add(backBevelDivisions, schema.numeric({"backBevelDivisions", "bbdv"}, N::kInt, 6.0, input,
-                                           {.min = 1.0, .softMin = 1.0, .softMax = 20.0}));
-    add(backBevelDistance, schema.numeric({"backBevelDistance", "bbds"}, N::kFloat, 0.35, input,
-                                          {.softMin = -1.0, .softMax = 1.0}));
-    add(rearBevelUsesFront, schema.numeric({"rearBevelUsesFront", "rbuf"}, N::kBoolean, 0.0, input));
+    add(backBevelDivisions, schema.numeric({"backBevelDivisions", "bbdv"}, N::kInt, d.backBevelDivisions,
+                                           input, {.min = 1.0, .softMin = 1.0, .softMax = 20.0}));
+    add(backBevelDistance, schema.numeric({"backBevelDistance", "bbds"}, N::kFloat, d.backBevelDistance,
+                                          input, {.softMin = -1.0, .softMax = 1.0}));
+    add(rearBevelUsesFront,
+        schema.numeric({"rearBevelUsesFront", "rbuf"}, N::kBoolean, d.rearBevelUsesFront, input));
     add(enableCapShader, schema.numeric({"enableCapShader", "ecs"}, N::kBoolean, 0.0, input));
     add(enableBevelShader, schema.numeric({"enableBevelShader", "ebs"}, N::kBoolean, 0.0, input));
     add(enableExtrudeShader, schema.numeric({"enableExtrudeShader", "ees"}, N::kBoolean, 0.0, input));
@@ -119,14 +122,14 @@ ZStatus TypeExtrude::initialize() {
     add(offsetFrontBevelAsFraction, schema.numeric("offsetFrontBevelAsFraction", N::kBoolean, 1.0, input));
     add(offsetBackBevelAsFraction, schema.numeric("offsetBackBevelAsFraction", N::kBoolean, 1.0, input));
     add(offsetExtrudeAsFraction, schema.numeric("offsetExtrudeAsFraction", N::kBoolean, 1.0, input));
-    add(enableFrontBevel, schema.numeric("enableFrontBevel", N::kBoolean, 0.0, input));
-    add(enableOuterBevel, schema.numeric("enableOuterBevel", N::kBoolean, 0.0, input));
+    add(enableFrontBevel, schema.numeric("enableFrontBevel", N::kBoolean, d.enableFrontBevel, input));
+    add(enableOuterBevel, schema.numeric("enableOuterBevel", N::kBoolean, d.enableOuterBevel, input));
     add(outerBevelCurve, schema.curve({"outerBevelCurve", "obc"}));
     add(outerBevelDistance,
         schema.numeric("outerBevelDistance", N::kFloat, 0.3, input, {.softMin = 0.01, .softMax = 1.0}));
     add(outerBevelDivisions,
         schema.numeric("outerBevelDivisions", N::kInt, 4.0, input, {.min = 1.0, .softMax = 10.0}));
-    add(bevelStyle, schema.enumeration("bevelStyle", 1, {{"Outer", 1}, {"Inner", 2}}, input));
+    add(bevelStyle, schema.enumeration("bevelStyle", d.bevelStyle, {{"Outer", 1}, {"Inner", 2}}, input));
     add(vertexGroupIds,
         schema.typed("vertexGroupIds", ZFnData::kIntArray, {.writable = false, .storable = false}));
 

@@ -19,6 +19,7 @@ ProfileSamples samples(const ExtrudeSettings& s, double wall = 0.5) {
 
 ExtrudeSettings plain() {
     ExtrudeSettings s;
+    s.extrusion = true;
     s.extrudeDistance = 2.5;
     s.extrudeDivisions = 4;
     s.extrudeOffset = 0.3;
