@@ -8,6 +8,7 @@
 #include "mesh/Mesh.h"
 #include "mesh/Normals.h"
 #include "mesh/PlanarFace.h"
+#include "mesh/ShapeMemo.h"
 
 #include <cmath>
 #include <cstdint>
@@ -109,8 +110,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             test::cutFault(mesh.faces(), mesh.points(), f, cut.faceTriangles(f), normal);
         if (!fault.empty())
             fail("is cut wrongly:", f, fault);
+        std::vector<Triangle> pattern;
+        GluTessellator().tessellate(mesh.faces(), mesh.points(), f, normal, pattern);
         std::vector<Triangle> swept;
-        GluTessellator().tessellate(mesh.faces(), mesh.points(), f, normal, swept);
+        appendPattern(mesh.faces().faceVertices(f), pattern, swept);
         const double area = triangleArea(cut.faceTriangles(f), mesh.points());
         const double sweptArea = triangleArea(swept, mesh.points());
         if (!(std::abs(area - sweptArea) <= 1e-9 * std::max(1.0, sweptArea)))

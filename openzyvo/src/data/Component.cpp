@@ -27,8 +27,11 @@ void Component::add(int32_t element) {
 void Component::add(std::span<const int32_t> elements) {
     const auto middle = static_cast<std::ptrdiff_t>(elements_.size());
     elements_.insert(elements_.end(), elements.begin(), elements.end());
-    std::sort(elements_.begin() + middle, elements_.end());
-    std::inplace_merge(elements_.begin(), elements_.begin() + middle, elements_.end());
+    // Lists are mostly handed over in order, and a check costs far less than a sort.
+    if (!std::is_sorted(elements_.begin() + middle, elements_.end()))
+        std::sort(elements_.begin() + middle, elements_.end());
+    if (middle > 0 && middle < std::ssize(elements_) && elements_[middle] < elements_[middle - 1])
+        std::inplace_merge(elements_.begin(), elements_.begin() + middle, elements_.end());
     elements_.erase(std::unique(elements_.begin(), elements_.end()), elements_.end());
 }
 

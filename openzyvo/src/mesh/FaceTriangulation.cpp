@@ -9,31 +9,32 @@
 
 #include <algorithm>
 #include <numeric>
-#include <optional>
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>
 #include <tbb/task_arena.h>
+#include <tuple>
 
 namespace oz::mesh {
 
 namespace {
 
 // A strictly convex quad, split along its shorter diagonal: the walls of an extrusion are such
-// quads, and they need no further checks.
-bool triangulateQuad(std::span<const int32_t> loop, std::span<const Point3> points, Vector3 normal,
+// quads, and they need no further checks. A quad's area vector is half the cross product of its
+// diagonals, so its normal costs no pass over a loop and no square root.
+bool triangulateQuad(std::span<const int32_t> loop, std::span<const Point3> points,
                      std::vector<Triangle>& out) {
-    if (loop.size() != 4 || normal == Vector3{})
-        return false;
+    const Point3 p[4] = {points[loop[0]], points[loop[1]], points[loop[2]], points[loop[3]]};
+    const Vector3 d02 = p[2] - p[0];
+    const Vector3 d13 = p[3] - p[1];
+    const Vector3 normal = cross(d02, d13);
     for (size_t i = 0; i < 4; ++i) {
-        const Point3 a = points[loop[i]];
-        const Point3 b = points[loop[(i + 1) % 4]];
-        const Point3 c = points[loop[(i + 2) % 4]];
+        const Point3 a = p[i];
+        const Point3 b = p[(i + 1) % 4];
+        const Point3 c = p[(i + 2) % 4];
         if (!(dot(cross(b - a, c - b), normal) > 0.0))
             return false;
     }
-    const Vector3 d02 = points[loop[2]] - points[loop[0]];
-    const Vector3 d13 = points[loop[3]] - points[loop[1]];
     if (dot(d02, d02) <= dot(d13, d13)) {
         out.push_back({loop[0], loop[1], loop[2]});
         out.push_back({loop[0], loop[2], loop[3]});
@@ -83,19 +84,14 @@ void Worker::reserve(const FaceLoops& faces) {
     runs.reserve(share(static_cast<size_t>(faces.faceCount())));
 }
 
-// Appends a pattern of point indices within `face` as vertex ids.
-void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
-                   std::vector<Triangle>& out) {
-    for (const auto& [a, b, c] : pattern)
-        out.push_back({ids[a], ids[b], ids[c]});
-}
-
 bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
                        uint64_t hash) {
     local.clear();
     if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
         !clipper.triangulate(planar, local))
         return false;
+    for (auto& [a, b, c] : local)
+        std::tie(a, b, c) = std::tuple(planar.source[a], planar.source[b], planar.source[c]);
     appendPattern(faces.faceVertices(face), local, triangles);
     memo.store(face, hash, local);
     ++counts.planar;
@@ -111,14 +107,9 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
     }
     // Walls are convex quads, by far the most faces of a solid: they are split before a shape
     // hash is paid for. Only planar cuts enter the memo, so no quad split here could have hit it.
-    const bool quad = faces.faceLoopCount(face) == 1 && outer.size() == 4;
-    std::optional<Vector3> normal;
-    if (quad) {
-        normal = faceNormal(faces, points, face);
-        if (triangulateQuad(outer, points, *normal, triangles)) {
-            ++counts.simple;
-            return;
-        }
+    if (faces.faceLoopCount(face) == 1 && outer.size() == 4 && triangulateQuad(outer, points, triangles)) {
+        ++counts.simple;
+        return;
     }
     // A translated copy of a face cut before needs neither its normal nor any check.
     const uint64_t hash = shapeHash(faces, points, face);
@@ -127,11 +118,15 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
         ++counts.memo;
         return;
     }
-    if (!normal)
-        normal = faceNormal(faces, points, face);
-    if (*normal != Vector3{} && cutPlanar(faces, points, face, *normal, hash))
+    const Vector3 normal = faceNormal(faces, points, face);
+    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, hash))
         return;
-    tessellator.tessellate(faces, points, face, *normal, triangles);
+    // Crossing loops come from repeated glyphs too (a bevel folding at the same corner of every
+    // copy), so the sweep's pattern is kept for their copies like a planar cut.
+    local.clear();
+    tessellator.tessellate(faces, points, face, normal, local);
+    appendPattern(faces.faceVertices(face), local, triangles);
+    memo.store(face, hash, local);
     ++counts.tessellated;
 }
 

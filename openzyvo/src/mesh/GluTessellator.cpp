@@ -28,7 +28,8 @@ struct GluTessellator::Callbacks {
 
     static void GLAPIENTRY vertex(void* vertexData, void* data) {
         GluTessellator& t = self(data);
-        t.pending_[t.pendingCount_++] = *static_cast<const int32_t*>(vertexData);
+        t.pending_[t.pendingCount_++] =
+            static_cast<int32_t>(static_cast<const int32_t*>(vertexData) - t.firstId_);
         if (t.pendingCount_ == 3) {
             // Crossings snapped to input vertices can leave a triangle with a repeated corner;
             // it covers nothing, so it is dropped.
@@ -82,6 +83,7 @@ bool GluTessellator::tessellate(const FaceLoops& faces, std::span<const Point3> 
     // GLU keeps pointers to the coordinates until the polygon ends, so the buffer is sized once.
     coordinates_.resize(ids.size() * 3);
     out_ = &out;
+    firstId_ = ids.data();
     firstOut_ = out.size();
     pendingCount_ = 0;
     failed_ = false;

@@ -44,27 +44,38 @@ bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t
         std::swap(u, v);
 
     const auto ids = faces.faceVertices(face);
-    out.points.resize(ids.size());
+    out.points.clear();
+    out.source.clear();
     out.loopStart.clear();
-    int32_t start = 0;
-    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l) {
-        out.loopStart.push_back(start);
-        start += static_cast<int32_t>(faces.loop(face, l).size());
-    }
-    out.loopStart.push_back(start);
-
     const Point3 origin = points[ids[0]];
     double extent = 0.0;
     double offPlane = 0.0;
     bool usable = true;
-    for (size_t i = 0; i < ids.size(); ++i) {
-        const Point3 p = points[ids[i]];
-        usable = usable && isFinite(p) && exactlyUsable(p.*u) && exactlyUsable(p.*v);
-        out.points[i] = {p.*u, p.*v};
-        const Vector3 d = p - origin;
-        extent = std::max({extent, std::abs(d.x), std::abs(d.y), std::abs(d.z)});
-        offPlane = std::max(offPlane, std::abs(dot(d, normal)));
+    int32_t index = 0;
+    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l) {
+        const auto loop = faces.loop(face, l);
+        const auto start = static_cast<int32_t>(out.points.size());
+        out.loopStart.push_back(start);
+        for (size_t i = 0; i < loop.size(); ++i, ++index) {
+            const Point3 p = points[loop[i]];
+            if (i > 0 && p == points[loop[i - 1]])
+                continue;
+            usable = usable && isFinite(p) && exactlyUsable(p.*u) && exactlyUsable(p.*v);
+            out.points.push_back({p.*u, p.*v});
+            out.source.push_back(index);
+            const Vector3 d = p - origin;
+            extent = std::max({extent, std::abs(d.x), std::abs(d.y), std::abs(d.z)});
+            offPlane = std::max(offPlane, std::abs(dot(d, normal)));
+        }
+        while (static_cast<int32_t>(out.points.size()) > start + 1 &&
+               points[ids[out.source.back()]] == points[ids[out.source[start]]]) {
+            out.points.pop_back();
+            out.source.pop_back();
+        }
+        if (static_cast<int32_t>(out.points.size()) - start < 3)
+            return false;
     }
+    out.loopStart.push_back(static_cast<int32_t>(out.points.size()));
     return usable && offPlane <= kPlaneTolerance * extent;
 }
 

@@ -14,8 +14,11 @@ namespace oz::mesh {
 // the axes ordered so that counter-clockwise in the plane is counter-clockwise about the normal.
 // Dropping a coordinate, rather than rotating into the plane, keeps the coordinates exact, so
 // points on a line stay exactly on a line. Points keep the face's order: outer loop, then holes.
+// A point at the very position of the one before it in its loop is left out: such a zero-length
+// edge bounds nothing, and outlines repeat a point where they meet themselves.
 struct PlanarFace {
     std::vector<Point2> points;
+    std::vector<int32_t> source;    // per point, its index among the face's vertices
     std::vector<int32_t> loopStart; // per loop its first point, plus the point count at the end
 
     int32_t loopCount() const { return static_cast<int32_t>(loopStart.size()) - 1; }
@@ -31,7 +34,7 @@ int32_t projectionPlane(Vector3 normal);
 
 // Lays `face` flat along `normal` (non-zero) into `out`. Returns false, leaving `out` unspecified,
 // when a point is not finite, has a coordinate too small or too large for exact predicates, or lies
-// off the face's plane by more than a rounding-sized margin.
+// off the face's plane by more than a rounding-sized margin, or a loop keeps fewer than three points.
 bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
                  PlanarFace& out);
 

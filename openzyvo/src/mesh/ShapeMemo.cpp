@@ -113,6 +113,12 @@ void ShapeMemo::grow() {
     }
 }
 
+void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
+                   std::vector<Triangle>& out) {
+    for (const auto& [a, b, c] : pattern)
+        out.push_back({ids[a], ids[b], ids[c]});
+}
+
 void ShapeMemo::store(int32_t face, uint64_t hash, std::span<const Triangle> pattern) {
     entries_.push_back(
         {hash, face, static_cast<int32_t>(patterns_.size()), static_cast<int32_t>(pattern.size())});

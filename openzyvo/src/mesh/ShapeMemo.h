@@ -23,6 +23,10 @@ bool offsetsExact(const FaceLoops& faces, std::span<const Point3> points, int32_
 // translate of `a`: every turn of every triangle is the same in both, and one cut fits both.
 bool sameOffsets(const FaceLoops& faces, std::span<const Point3> points, int32_t a, int32_t b);
 
+// Appends a pattern of point indices within a face, whose vertex ids are `ids`, as vertex ids.
+void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
+                   std::vector<Triangle>& out);
+
 // Triangle patterns (point indices within the face) of the faces cut so far in one pass over a
 // mesh. Repeated letters of a text are translated copies of one outline: each is cut once. An
 // entry names the face it was cut from instead of copying its shape, so that a pass over

@@ -4,6 +4,7 @@
 #include "mesh/FaceTriangulation.h"
 #include "mesh/GluTessellator.h"
 #include "mesh/LoopChecks.h"
+#include "mesh/ShapeMemo.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -115,6 +116,24 @@ TEST(PlanarTriangulation, TouchingOrCrossingLoopsGoToTheSweep) {
     EXPECT_NEAR(*mesh.triangulatedArea(0), 15.0, 1e-9);
 }
 
+// Outlines repeat a point where they meet themselves, and a collapsed bevel ring leaves a quad
+// with two corners in one place: the zero-length edges bound nothing, so such faces are still
+// well formed and stay off the sweep.
+TEST(PlanarTriangulation, RepeatedPointsStayOnTheFastPath) {
+    Mesh mesh;
+    std::vector<Point3> e = letterE();
+    e.insert(e.begin() + 5, e[4]);
+    std::vector<Point3> hole = reversed(square(0.25, 2, 0.5));
+    hole.push_back(hole.front());
+    addFace(mesh, {e, hole});
+    addFace(mesh, {{{0, 0, 0}, {2, 0, 0}, {2, 0, 0}, {1, 2, 0}}});
+    expectExactCuts(mesh);
+    const TriangulationCounts counts = countsOf(mesh);
+    EXPECT_EQ(counts.tessellated, 0);
+    EXPECT_EQ(counts.planar, 2);
+    EXPECT_NEAR(*mesh.triangulatedArea(1), 2.0, 1e-12);
+}
+
 TEST(PlanarTriangulation, CutsTurnWithTheFaceNormal) {
     Mesh mesh;
     // The same holed face in the six axis planes, wound both ways, and tilted.
@@ -181,6 +200,29 @@ TEST(ShapeMemo, TranslatedCopiesReuseTheCut) {
     const int32_t shift = mesh.faceVertices(3)[0] - mesh.faceVertices(0)[0];
     for (size_t i = 0; i < first.size(); ++i)
         EXPECT_EQ(last[i], (Triangle{first[i][0] + shift, first[i][1] + shift, first[i][2] + shift}));
+}
+
+// A bevel that folds does so at the same corner of every copy of a letter: the sweep cuts the
+// first crossing face, its copies take the same pattern.
+TEST(ShapeMemo, TranslatedCopiesOfACrossingFaceReuseTheSweep) {
+    Mesh mesh;
+    for (int copy = 0; copy < 3; ++copy) {
+        const double x = 4.0 * copy;
+        addFace(mesh, {{{x, 0, 0}, {x + 2, 2, 0}, {x + 2, 0, 0}, {x, 2, 0}}});
+    }
+    const TriangulationCounts counts = countsOf(mesh);
+    EXPECT_EQ(counts.tessellated, 1);
+    EXPECT_EQ(counts.memo, 2);
+    const auto triangulation = mesh.triangulation();
+    const auto first = triangulation->faceTriangles(0);
+    ASSERT_FALSE(first.empty());
+    for (int32_t f = 1; f < 3; ++f) {
+        const auto copy = triangulation->faceTriangles(f);
+        ASSERT_EQ(copy.size(), first.size());
+        const int32_t shift = mesh.faceVertices(f)[0] - mesh.faceVertices(0)[0];
+        for (size_t i = 0; i < first.size(); ++i)
+            EXPECT_EQ(copy[i], (Triangle{first[i][0] + shift, first[i][1] + shift, first[i][2] + shift}));
+    }
 }
 
 // A copy with one point moved by the smallest step a double allows is another shape: its cut is
@@ -287,8 +329,10 @@ TEST(PlanarTriangulation, RandomHoledStarsMatchTheSweep) {
     }
     const Triangulation cut = triangulateFaces(mesh.faces(), mesh.points());
     for (int32_t f = 0; f < mesh.faceCount(); ++f) {
+        std::vector<Triangle> pattern;
+        GluTessellator().tessellate(mesh.faces(), mesh.points(), f, *mesh.faceNormal(f), pattern);
         std::vector<Triangle> swept;
-        GluTessellator().tessellate(mesh.faces(), mesh.points(), f, *mesh.faceNormal(f), swept);
+        appendPattern(mesh.faces().faceVertices(f), pattern, swept);
         EXPECT_NEAR(triangleArea(cut.faceTriangles(f), mesh.points()), triangleArea(swept, mesh.points()),
                     1e-9)
             << "face " << f;
