@@ -25,6 +25,8 @@ public:
     // Back from the plane, `height` along the normal.
     Point3 fromPlane(const Point2& p, double height) const;
 
+    bool operator==(const FaceFrame&) const = default;
+
 private:
     double m_rows[3][3]; // object space into the frame
 };

@@ -1,8 +1,13 @@
 #include "extrude/SolidAssembly.h"
 
+#include "extrude/FaceShapes.h"
 #include "geometry/Orientation.h"
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <limits>
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 
@@ -23,6 +28,28 @@ std::vector<bool> materialOnLeft(const FaceOutline& outline) {
         start += size;
     }
     return left;
+}
+
+// The largest power of two `value` is a whole multiple of; infinity for zero.
+double lowestBit(double value) {
+    if (value == 0.0 || !std::isfinite(value))
+        return std::numeric_limits<double>::infinity();
+    int exponent = 0;
+    const double mantissa = std::frexp(std::abs(value), &exponent);
+    const auto bits = static_cast<uint64_t>(std::ldexp(mantissa, 53));
+    return std::ldexp(1.0, exponent - 53 + std::countr_zero(bits));
+}
+
+// The step a shape's ring points are rounded to before they are added to the
+// anchors. A sum of two multiples of one power of two is exact while it fits
+// in a double's 53 bits, so each copy then lies exactly where the first lies,
+// moved. The step is the coarsest every anchor is a multiple of, but never
+// coarser than 2^-44 of the shape's size; and never so fine that the
+// sum would not fit (the copies are then merely close, not exact).
+double placementGrid(double anchorGrid, double anchorReach, double extent) {
+    const double finest = std::ldexp(1.0, std::ilogb(std::max(anchorReach + extent, 1e-300)) - 52);
+    const double coarsest = std::ldexp(1.0, std::ilogb(std::max(extent, 1e-280)) - 44);
+    return std::max(std::min(anchorGrid, coarsest), finest);
 }
 
 class TopologyBuilder {
@@ -106,31 +133,60 @@ SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& 
     return out;
 }
 
-void solidPoints(const std::vector<SolidFace>& faces, const Profile& profile, const RingOffsetter& offsetter,
-                 std::vector<Point3>& out) {
+void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
+                 const RingOffsetter& offsetter, std::vector<Point3>& out) {
     const std::vector<Ring> rings = solidRings(profile);
-    std::vector<std::size_t> starts(faces.size() + 1, 0);
-    for (std::size_t f = 0; f < faces.size(); ++f)
-        starts[f + 1] = starts[f] + faces[f].outline.points.size() * rings.size();
-    out.resize(starts.back());
-    // Each face fills its own slice, so the result does not depend on how the faces are shared out.
+    const std::size_t shapeCount = shapes.firstFace.size();
+    std::vector<std::vector<Point3>> local(shapeCount);
+    std::vector<double> grid(shapeCount, std::numeric_limits<double>::infinity());
+    std::vector<double> reach(shapeCount, 0.0);
+    for (std::size_t f = 0; f < faces.size(); ++f) {
+        const auto shape = static_cast<std::size_t>(shapes.shapeOf[f]);
+        for (const double c : {faces[f].anchor.x, faces[f].anchor.y, faces[f].anchor.z}) {
+            grid[shape] = std::min(grid[shape], lowestBit(c));
+            reach[shape] = std::max(reach[shape], std::abs(c));
+        }
+    }
     tbb::parallel_for(
-        tbb::blocked_range<std::size_t>(0, faces.size()), [&](const tbb::blocked_range<std::size_t>& range) {
+        tbb::blocked_range<std::size_t>(0, shapeCount), [&](const tbb::blocked_range<std::size_t>& range) {
             std::vector<Point2> moved;
-            for (std::size_t f = range.begin(); f != range.end(); ++f) {
-                const SolidFace& face = faces[f];
-                std::size_t next = starts[f];
+            for (std::size_t shape = range.begin(); shape != range.end(); ++shape) {
+                const SolidFace& face = faces[static_cast<std::size_t>(shapes.firstFace[shape])];
+                std::vector<Point3>& points = local[shape];
+                points.reserve(face.outline.points.size() * rings.size());
+                double extent = 0.0;
                 for (const Ring& ring : rings) {
-                    offsetter(f, ring.offset, moved);
+                    offsetter(shape, ring.offset, moved);
                     // A builder that could not keep the outline's points leaves the ring
                     // unmoved rather than writing into the next face's slice.
                     const std::vector<Point2>& ringPoints =
                         moved.size() == face.outline.points.size() ? moved : face.outline.points;
-                    for (const Point2& p : ringPoints)
-                        out[next++] = face.frame.fromPlane(p, face.height + ring.depth);
+                    for (const Point2& p : ringPoints) {
+                        points.push_back(face.frame.fromPlane(p, face.height + ring.depth));
+                        extent = std::max({extent, std::abs(points.back().x), std::abs(points.back().y),
+                                           std::abs(points.back().z)});
+                    }
                 }
+                const double step = placementGrid(grid[shape], reach[shape], extent);
+                for (Point3& p : points)
+                    p = {std::nearbyint(p.x / step) * step, std::nearbyint(p.y / step) * step,
+                         std::nearbyint(p.z / step) * step};
             }
         });
+
+    std::vector<std::size_t> starts(faces.size() + 1, 0);
+    for (std::size_t f = 0; f < faces.size(); ++f)
+        starts[f + 1] = starts[f] + local[static_cast<std::size_t>(shapes.shapeOf[f])].size();
+    out.resize(starts.back());
+    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, faces.size()),
+                      [&](const tbb::blocked_range<std::size_t>& range) {
+                          for (std::size_t f = range.begin(); f != range.end(); ++f) {
+                              const Point3& a = faces[f].anchor;
+                              std::size_t next = starts[f];
+                              for (const Point3& p : local[static_cast<std::size_t>(shapes.shapeOf[f])])
+                                  out[next++] = {a.x + p.x, a.y + p.y, a.z + p.z};
+                          }
+                      });
 }
 
 std::vector<int> solidCharacterEnds(const std::vector<SolidFace>& faces, const SolidTopology& topology,

@@ -9,13 +9,18 @@
 
 namespace type {
 
-// One face of the flat input, laid into its own plane.
+// One face of the flat input, laid into its own plane about its anchor (the
+// input point its outline starts at), so that translated copies of a face
+// read alike.
 struct SolidFace {
     FaceOutline outline;
     FaceFrame frame;
-    double height = 0.0; // of the face's plane along its normal
+    double height = 0.0; // of the face's plane along its normal, from the anchor
     int firstInputVertex = 0;
+    Point3 anchor;
 };
+
+struct FaceShapes;
 
 // The hole loops of one cap face, as vertex ids of the solid in the order
 // they run around the hole.
@@ -46,14 +51,18 @@ std::vector<Ring> solidRings(const Profile& profile);
 
 SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps);
 
-// Fills `out` with the outline of face `face` moved `offset` into its
-// material. It is called for several faces at once, each call with its own
-// `out`.
-using RingOffsetter = std::function<void(std::size_t face, double offset, std::vector<Point2>& out)>;
+// Fills `out` with the outline of the faces of shape `shape` moved `offset`
+// into their material. It is called for several shapes at once, each call
+// with its own `out`.
+using RingOffsetter = std::function<void(std::size_t shape, double offset, std::vector<Point2>& out)>;
 
-// The solid's points in the topology's order; `out` is resized to fit.
-void solidPoints(const std::vector<SolidFace>& faces, const Profile& profile, const RingOffsetter& offsetter,
-                 std::vector<Point3>& out);
+// The solid's points in the topology's order; `out` is resized to fit. The
+// rings are built once per shape and placed at each face's anchor, on a grid
+// fine enough not to matter and coarse enough that every copy of a shape is
+// an exact translate of the first, so that later work on one copy (cutting
+// its caps into triangles) holds for all.
+void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
+                 const RingOffsetter& offsetter, std::vector<Point3>& out);
 
 // The running end of each character's vertices in the solid, from the running
 // ends of its vertices in the input: a face belongs to the character that

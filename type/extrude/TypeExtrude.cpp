@@ -91,6 +91,7 @@ void TypeExtrude::postConstructor() {
 void TypeExtrude::emptyCaches() {
     m_faces.clear();
     m_colours.clear();
+    m_shapes = {};
     m_mitres.clear();
     m_fields.clear();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "extrude/FaceShapes.h"
 #include "extrude/SolidAssembly.h"
 #include "offset/DistanceFieldOffset.h"
 #include "offset/Mitres.h"
@@ -91,6 +92,8 @@ private:
     // of its faces, kept until the input mesh or the grid size changes.
     std::vector<SolidFace> m_faces;
     std::vector<ZColor> m_colours;
+    // The faces grouped by shape; directions and fields are per shape.
+    FaceShapes m_shapes;
     std::vector<std::vector<Mitre>> m_mitres;
     // Built in the "Distance Field" mode only, with the grid size of then.
     std::vector<DistanceFieldOffset> m_fields;

@@ -1,4 +1,5 @@
 #include "extrude/ExtrudeSettings.h"
+#include "extrude/FaceShapes.h"
 #include "extrude/ProfileRings.h"
 #include "extrude/RingOffset.h"
 #include "extrude/SolidAssembly.h"
@@ -142,10 +143,15 @@ ZStatus layOutInput(const ZFnMesh& mesh, const ZPointArray& points, InputLayout&
                 outer.push_back(v);
         if (outer.size() < 3)
             continue;
-        SolidFace face{{}, FaceFrame({normal.x, normal.y, normal.z}), 0.0, outer.front()};
+        SolidFace face{
+            {}, FaceFrame({normal.x, normal.y, normal.z}), 0.0, outer.front(), point3(points[outer.front()])};
+        auto fromAnchor = [&](int v) {
+            const Point3 p = point3(points[v]);
+            return Point3{p.x - face.anchor.x, p.y - face.anchor.y, p.z - face.anchor.z};
+        };
         for (const int v : outer) {
-            face.outline.points.push_back(face.frame.toPlane(point3(points[v])));
-            face.height += face.frame.height(point3(points[v]));
+            face.outline.points.push_back(face.frame.toPlane(fromAnchor(v)));
+            face.height += face.frame.height(fromAnchor(v));
         }
         face.height /= static_cast<double>(outer.size());
         face.outline.loopSizes.push_back(static_cast<int>(outer.size()));
@@ -153,7 +159,7 @@ ZStatus layOutInput(const ZFnMesh& mesh, const ZPointArray& points, InputLayout&
             if (loop.size() < 3)
                 continue;
             for (const int v : loop)
-                face.outline.points.push_back(face.frame.toPlane(point3(points[v])));
+                face.outline.points.push_back(face.frame.toPlane(fromAnchor(v)));
             face.outline.loopSizes.push_back(static_cast<int>(loop.size()));
         }
         out.faces.push_back(std::move(face));
@@ -229,11 +235,13 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
             return status;
         m_faces = std::move(layout.faces);
         m_colours = std::move(layout.colours);
+        m_shapes = faceShapes(m_faces);
     }
-    if (m_mitres.size() != m_faces.size()) {
-        m_mitres.resize(m_faces.size());
-        for (std::size_t f = 0; f < m_faces.size(); ++f)
-            m_mitres[f] = mitres(m_faces[f].outline);
+    const std::vector<int>& shapeFaces = m_shapes.firstFace;
+    if (m_mitres.size() != shapeFaces.size()) {
+        m_mitres.resize(shapeFaces.size());
+        for (std::size_t s = 0; s < shapeFaces.size(); ++s)
+            m_mitres[s] = mitres(m_faces[static_cast<std::size_t>(shapeFaces[s])].outline);
     }
 
     const ZObject node = thisZObject();
@@ -246,18 +254,18 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
     }
     const Profile profile = sampleProfile(settings, samples);
 
-    if (settings.mode == OffsetMode::kDistanceField && m_fields.size() != m_faces.size()) {
+    if (settings.mode == OffsetMode::kDistanceField && m_fields.size() != shapeFaces.size()) {
         std::vector<const FaceOutline*> outlines;
-        for (const SolidFace& face : m_faces)
-            outlines.push_back(&face.outline);
+        for (const int face : shapeFaces)
+            outlines.push_back(&m_faces[static_cast<std::size_t>(face)].outline);
         m_fields = distanceFields(outlines, m_mitres, settings.gridSize);
     }
     solidPoints(
-        m_faces, profile,
-        [&](std::size_t face, double offset, std::vector<Point2>& out) {
-            const DistanceFieldOffset* field = face < m_fields.size() ? &m_fields[face] : nullptr;
-            offsetRing({m_faces[face].outline, m_mitres[face], field}, settings.mode, settings.bevelStyle,
-                       offset, out);
+        m_faces, m_shapes, profile,
+        [&](std::size_t shape, double offset, std::vector<Point2>& out) {
+            const DistanceFieldOffset* field = shape < m_fields.size() ? &m_fields[shape] : nullptr;
+            offsetRing({m_faces[static_cast<std::size_t>(shapeFaces[shape])].outline, m_mitres[shape], field},
+                       settings.mode, settings.bevelStyle, offset, out);
         },
         m_points);
     copyPoints(m_points, m_meshPoints);

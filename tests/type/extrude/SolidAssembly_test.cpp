@@ -1,5 +1,6 @@
 #include "../geometry/Fixtures.h"
 #include "SolidKernel.h"
+#include "extrude/FaceShapes.h"
 #include "extrude/SolidAssembly.h"
 #include "offset/Mitres.h"
 #include "offset/NormalsOffset.h"
@@ -16,7 +17,7 @@ using testing::reversed;
 // A square of side 4 with a square hole of side 2, in the plane z = 1 facing
 // `normal`; the loops wind as given.
 SolidFace squareWithHole(bool outerCounterClockwise, bool holeClockwise, const Point3& normal = {0, 0, 1}) {
-    SolidFace face{{}, FaceFrame(normal), 1.0, 0};
+    SolidFace face{{}, FaceFrame(normal), 1.0, 0, {}};
     const Contour outer = rectangle(0, 0, 4, 4);
     const Contour hole = reversed(rectangle(1, 1, 3, 3));
     for (const Contour& loop :
@@ -36,14 +37,16 @@ Profile walls(int rings, double depth) {
 }
 
 std::vector<Point3> pointsOf(const std::vector<SolidFace>& faces, const Profile& profile) {
+    const FaceShapes shapes = faceShapes(faces);
     std::vector<std::vector<Mitre>> directions;
-    for (const SolidFace& face : faces)
-        directions.push_back(mitres(face.outline));
+    for (const int face : shapes.firstFace)
+        directions.push_back(mitres(faces[static_cast<std::size_t>(face)].outline));
     std::vector<Point3> points;
     solidPoints(
-        faces, profile,
-        [&](std::size_t f, double d, std::vector<Point2>& out) {
-            normalsOffset(faces[f].outline, directions[f], d, out);
+        faces, shapes, profile,
+        [&](std::size_t shape, double d, std::vector<Point2>& out) {
+            normalsOffset(faces[static_cast<std::size_t>(shapes.firstFace[shape])].outline, directions[shape],
+                          d, out);
         },
         points);
     return points;
@@ -73,6 +76,42 @@ TEST(SolidAssembly, FacesTurnedAnyWayStillGiveOutwardSolids) {
         EXPECT_TRUE(report.watertight()) << report.firstProblem;
         EXPECT_NEAR(report.volume, 12.0 * 0.5, 1e-9);
     }
+}
+
+// Copies of a letter are one shape: their rings are built once, and every copy lies exactly where
+// the first lies, moved, so that what holds for one copy's points (the cut of its caps) holds for
+// all. A copy turned another way, or with one point moved, is a shape of its own.
+TEST(FaceShapes, CopiesOfALetterGetExactlyTranslatedRings) {
+    // The text-layout path puts letters on a grid of 2^-32 of the font size.
+    auto onGrid = [](double v) {
+        return std::ldexp(std::round(std::ldexp(v, 32)), -32);
+    };
+    std::vector<SolidFace> faces;
+    for (const Point3 anchor : {Point3{0.1, 0.2, 0}, Point3{7.3, -0.6, 0}, Point3{1234.5, 2.25, 0}}) {
+        faces.push_back(squareWithHole(true, true));
+        faces.back().outline.points[2].y += 1.0 / 3.0;
+        faces.back().anchor = {onGrid(anchor.x), onGrid(anchor.y), 0.0};
+    }
+    faces.push_back(squareWithHole(true, true, {0, 1, 0}));
+    faces.push_back(squareWithHole(true, true));
+    faces.back().outline.points[5].x = std::nextafter(faces.back().outline.points[5].x, 9.0);
+    const FaceShapes shapes = faceShapes(faces);
+    EXPECT_EQ(shapes.shapeOf, (std::vector<int>{0, 0, 0, 1, 2}));
+
+    const std::vector<Point3> points = pointsOf(faces, walls(3, 0.25));
+    const std::size_t perFace = points.size() / faces.size();
+    int placedExactly = 0;
+    for (std::size_t copy = 1; copy < 3; ++copy) {
+        for (std::size_t i = 1; i < perFace; ++i) {
+            const Point3& a0 = points[0];
+            const Point3& a = points[i];
+            const Point3& b0 = points[copy * perFace];
+            const Point3& b = points[copy * perFace + i];
+            placedExactly += a.x - a0.x == b.x - b0.x && a.y - a0.y == b.y - b0.y && a.z - a0.z == b.z - b0.z;
+            EXPECT_NEAR(b.x - b0.x, a.x - a0.x, 1e-9);
+        }
+    }
+    EXPECT_EQ(placedExactly, static_cast<int>(2 * (perFace - 1)));
 }
 
 TEST(SolidAssembly, RingsGrowAlongTheFaceNormalFromTheFacesPlane) {
@@ -135,12 +174,13 @@ TEST(SolidAssembly, CharacterEndsCountTheSolidVerticesOfEachCharactersFaces) {
 // An offset builder that returns the wrong number of points (an empty
 // distance field) cannot make a face write past its own vertices.
 TEST(SolidAssembly, ARingOfTheWrongSizeKeepsTheOutline) {
-    const std::vector<SolidFace> faces = {squareWithHole(true, true), squareWithHole(true, true)};
+    std::vector<SolidFace> faces = {squareWithHole(true, true), squareWithHole(true, true)};
+    faces[1].outline.points[0].x += 0.5;
     std::vector<Point3> points;
     solidPoints(
-        faces, walls(2, 1.0),
-        [](std::size_t f, double, std::vector<Point2>& out) {
-            out.assign(f == 0 ? 20 : 0, Point2{9, 9});
+        faces, faceShapes(faces), walls(2, 1.0),
+        [](std::size_t shape, double, std::vector<Point2>& out) {
+            out.assign(shape == 0 ? 20 : 0, Point2{9, 9});
         },
         points);
     ASSERT_EQ(points.size(), 32u);

@@ -8,7 +8,7 @@ namespace type {
 namespace {
 
 SolidFace squareWithHole(double x) {
-    SolidFace face{{}, FaceFrame({0, 0, 1}), 0.0, 0};
+    SolidFace face{{}, FaceFrame({0, 0, 1}), 0.0, 0, {}};
     for (const Contour& loop :
          {testing::rectangle(x, 0, x + 4, 4), testing::reversed(testing::rectangle(x + 1, 1, x + 3, 3))}) {
         face.outline.points.insert(face.outline.points.end(), loop.begin(), loop.end());
