@@ -6,6 +6,7 @@
 #include "offset/Mitres.h"
 
 #include <OpenZyvo/ZColor.h>
+#include <OpenZyvo/ZFnMesh.h>
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZPxNode.h>
 #include <vector>
@@ -84,6 +85,7 @@ private:
     void emptyCaches();
     ZStatus buildSolid(ZDataBlock& block);
     ZStatus writeMesh(ZObject& data, const Profile& profile, bool deleteCaps);
+    ZStatus buildMesh(ZObject& data, ZFnMesh& mesh);
     ZStatus writeComponents(ZDataBlock& block, const ZObject& data, int capId, int bevelId, int extrudeId);
     ZStatus groupCharacters(ZDataBlock& block);
 

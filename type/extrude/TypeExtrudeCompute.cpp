@@ -29,6 +29,7 @@
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZPxCommand.h>
 #include <string>
+#include <tbb/task_group.h>
 #include <unordered_map>
 #include <vector>
 
@@ -298,12 +299,31 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
 }
 
 ZStatus TypeExtrude::writeMesh(ZObject& data, const Profile& profile, bool deleteCaps) {
+    // The uvs follow the topology and the outlines as read, not the distances, so a cheap update
+    // keeps them. They are worked out on another thread while this one builds the mesh.
+    SolidUvs uvs;
+    tbb::task_group uvWork;
+    uvWork.run([&] { uvs = solidUvs(m_faces, m_shapes, profile, m_topology, deleteCaps); });
+    ZFnMesh mesh;
+    const ZStatus built = buildMesh(data, mesh);
+    uvWork.wait();
+    if (!built)
+        return built;
+    ZStatus status;
+    if (status = mesh.setUVs(ZFloatArray(std::move(uvs.u)), ZFloatArray(std::move(uvs.v))); !status)
+        return reportApiError(status, kUnit);
+    if (status = mesh.assignUVs(ZIntArray(std::move(uvs.faceUvCounts)), ZIntArray(std::move(uvs.uvIds)));
+        !status)
+        return reportApiError(status, kUnit);
+    return ZStatus::kSuccess;
+}
+
+ZStatus TypeExtrude::buildMesh(ZObject& data, ZFnMesh& mesh) {
     ZStatus status;
     ZFnMeshData dataFn;
     data = dataFn.create(&status);
     if (!status)
         return reportApiError(status, kUnit);
-    ZFnMesh mesh;
     mesh.create(m_topology.vertexCount, static_cast<int>(m_topology.faceCounts.size()), m_meshPoints,
                 intArray(m_topology.faceCounts), intArray(m_topology.faceConnects), data, &status);
     if (!status)
@@ -331,13 +351,6 @@ ZStatus TypeExtrude::writeMesh(ZObject& data, const Profile& profile, bool delet
         }
     }
     if (status = mesh.setVertexColors(colours, vertices); !status)
-        return reportApiError(status, kUnit);
-    // The uvs follow the topology and the outlines as read, not the distances, so
-    // a cheap update keeps them.
-    const SolidUvs uvs = solidUvs(m_faces, profile, m_topology, deleteCaps);
-    if (status = mesh.setUVs(ZFloatArray(uvs.u), ZFloatArray(uvs.v)); !status)
-        return reportApiError(status, kUnit);
-    if (status = mesh.assignUVs(intArray(uvs.faceUvCounts), intArray(uvs.uvIds)); !status)
         return reportApiError(status, kUnit);
     return ZStatus::kSuccess;
 }

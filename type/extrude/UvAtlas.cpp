@@ -1,8 +1,11 @@
 #include "extrude/UvAtlas.h"
 
+#include "extrude/FaceShapes.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tbb/parallel_for.h>
 
 namespace type {
 
@@ -22,90 +25,68 @@ struct Cell {
     double u0, v0, width, height;
 };
 
-struct FaceUvs {
-    int sideStart = 0; // two bands of rings x (points + loops) ids: walls, then bevels
-    int capStart = 0;  // front cap points, then back cap points
+Cell sideCell(std::size_t f, double tiles, int band, bool caps) {
+    if (caps)
+        return {f / tiles + kCellInset, (band + 1) * kCapsBand + kCellInset, kCellFill / tiles,
+                kCellFill * kCapsBand};
+    return {(f + kTileInset) / tiles, band * 0.5 + kTileInset, kTileFill / tiles, kRowHeight};
+}
+
+// What each face of the solid is, for its band.
+constexpr char kCap = 0;
+constexpr char kWall = 1;
+constexpr char kBevel = 2;
+
+// A shape's uvs before they are placed in a tile: along its loops, the
+// distance of each point and each loop's seam; over its caps, each point's
+// offset from the corner of the outline's box (mirrored for the back cap);
+// and the uv ids of its faces counted from its first uv.
+struct ShapeUvs {
+    std::vector<double> along;
+    double length = 1.0;
+    std::vector<Point2> front;
+    std::vector<Point2> back;
+    double span = 0.0;
+    std::vector<int> faceUvCounts;
+    std::vector<int> uvIds;
 };
 
-class AtlasBuilder {
-public:
-    AtlasBuilder(const std::vector<SolidFace>& faces, int rings, bool caps)
-        : m_faces(faces)
-        , m_rings(rings)
-        , m_caps(caps) {}
-
-    void addFace(std::size_t f, SolidUvs& out, FaceUvs& ids) {
-        const FaceOutline& outline = m_faces[f].outline;
-        const double tiles = static_cast<double>(m_faces.size());
-        ids.sideStart = static_cast<int>(out.u.size());
-        for (int band = 0; band < 2; ++band)
-            addSides(outline, sideCell(f, tiles, band), out);
-        ids.capStart = static_cast<int>(out.u.size());
-        if (m_caps) {
-            const Cell cell{f / tiles + kCellInset, kCellInset, kCellFill / tiles, kCellFill * kCapsBand};
-            addCap(outline, cell, false, out);
-            addCap(outline, cell, true, out);
+std::vector<double> distancesAlong(const FaceOutline& outline, double& total) {
+    std::vector<double> along;
+    total = 0.0;
+    std::size_t start = 0;
+    for (const int size : outline.loopSizes) {
+        for (int i = 0; i <= size; ++i) {
+            along.push_back(total);
+            const Point2& a = outline.points[start + i % size];
+            const Point2& b = outline.points[start + (i + 1) % size];
+            if (i < size)
+                total += std::hypot(b.x - a.x, b.y - a.y);
         }
+        start += size;
     }
+    return along;
+}
 
-private:
-    Cell sideCell(std::size_t f, double tiles, int band) const {
-        if (m_caps)
-            return {f / tiles + kCellInset, (band + 1) * kCapsBand + kCellInset, kCellFill / tiles,
-                    kCellFill * kCapsBand};
-        return {(f + kTileInset) / tiles, band * 0.5 + kTileInset, kTileFill / tiles, kRowHeight};
+// The outline projected flat from the corner of its box; the back cap is
+// seen from behind, so its first axis runs the other way.
+std::vector<Point2> capOffsets(const FaceOutline& outline, bool mirrored, double& span) {
+    double x0 = std::numeric_limits<double>::max(), y0 = x0;
+    double x1 = std::numeric_limits<double>::lowest(), y1 = x1;
+    for (const Point2& p : outline.points) {
+        const double x = mirrored ? -p.x : p.x;
+        x0 = std::min(x0, x);
+        x1 = std::max(x1, x);
+        y0 = std::min(y0, p.y);
+        y1 = std::max(y1, p.y);
     }
-
-    // Every ring, every loop point and each loop's seam again at its end.
-    void addSides(const FaceOutline& outline, const Cell& cell, SolidUvs& out) const {
-        std::vector<double> along;
-        double total = 0.0;
-        std::size_t start = 0;
-        for (const int size : outline.loopSizes) {
-            for (int i = 0; i <= size; ++i) {
-                along.push_back(total);
-                const Point2& a = outline.points[start + i % size];
-                const Point2& b = outline.points[start + (i + 1) % size];
-                if (i < size)
-                    total += std::hypot(b.x - a.x, b.y - a.y);
-            }
-            start += size;
-        }
-        const double length = total > 0.0 ? total : 1.0;
-        for (int k = 0; k < m_rings; ++k) {
-            const double up = m_rings > 1 ? static_cast<double>(k) / (m_rings - 1) : 0.0;
-            for (const double distance : along) {
-                out.u.push_back(static_cast<float>(cell.u0 + cell.width * distance / length));
-                out.v.push_back(static_cast<float>(cell.v0 + cell.height * up));
-            }
-        }
-    }
-
-    // The outline projected flat, uniformly scaled into the cell; the back
-    // cap is seen from behind, so its first axis runs the other way.
-    static void addCap(const FaceOutline& outline, const Cell& cell, bool mirrored, SolidUvs& out) {
-        double x0 = std::numeric_limits<double>::max(), y0 = x0;
-        double x1 = std::numeric_limits<double>::lowest(), y1 = x1;
-        for (const Point2& p : outline.points) {
-            const double x = mirrored ? -p.x : p.x;
-            x0 = std::min(x0, x);
-            x1 = std::max(x1, x);
-            y0 = std::min(y0, p.y);
-            y1 = std::max(y1, p.y);
-        }
-        const double span = std::max(x1 - x0, y1 - y0);
-        const double scale = span > 0.0 ? std::min(cell.width, cell.height) / span : 0.0;
-        for (const Point2& p : outline.points) {
-            const double x = mirrored ? -p.x : p.x;
-            out.u.push_back(static_cast<float>(cell.u0 + (x - x0) * scale));
-            out.v.push_back(static_cast<float>(cell.v0 + (p.y - y0) * scale));
-        }
-    }
-
-    const std::vector<SolidFace>& m_faces;
-    int m_rings;
-    bool m_caps;
-};
+    span = std::max(x1 - x0, y1 - y0);
+    std::vector<Point2> offsets;
+    offsets.reserve(outline.points.size());
+    for (const Point2& p : outline.points)
+        offsets.push_back({(mirrored ? -p.x : p.x) - x0, p.y - y0});
+    return offsets;
+}
 
 // Where a vertex of one input face's stack sits: its ring and outline point.
 struct Slot {
@@ -113,64 +94,41 @@ struct Slot {
     int point;
 };
 
-} // namespace
-
-SolidUvs solidUvs(const std::vector<SolidFace>& faces, const Profile& profile, const SolidTopology& topology,
-                  bool deleteCaps) {
-    SolidUvs out;
-    const int rings = static_cast<int>(solidRings(profile).size());
-    AtlasBuilder atlas(faces, rings, !deleteCaps);
-    std::vector<FaceUvs> ids(faces.size());
-    // Per face, the first point of each loop, for the seams.
-    std::vector<std::vector<int>> loopStarts(faces.size());
-    for (std::size_t f = 0; f < faces.size(); ++f) {
-        atlas.addFace(f, out, ids[f]);
-        int start = 0;
-        for (const int size : faces[f].outline.loopSizes) {
-            loopStarts[f].push_back(start);
-            start += size;
-        }
-        loopStarts[f].push_back(start);
+// The uv ids of the faces of one input face's stack, from the stack's first
+// uv: its side bands (walls, then bevels, each rings x (points + loops)
+// ids), then its front and back cap points.
+void stackUvIds(const SolidFace& face, int rings, const SolidTopology& topology, std::size_t firstFace,
+                std::size_t endFace, std::size_t firstConnect, int firstVertex,
+                const std::vector<const CapHoles*>& holesOf, const std::vector<char>& kind, ShapeUvs& out) {
+    const int n = static_cast<int>(face.outline.points.size());
+    std::vector<int> starts;
+    int start = 0;
+    for (const int size : face.outline.loopSizes) {
+        starts.push_back(start);
+        start += size;
     }
-
-    std::vector<bool> isCap(topology.faceCounts.size(), false);
-    for (const int face : topology.capFaces)
-        isCap[face] = true;
-    std::vector<bool> isWall(topology.faceCounts.size(), false);
-    for (const int face : topology.extrusionFaces)
-        isWall[face] = true;
-    std::vector<const CapHoles*> holesOf(topology.faceCounts.size(), nullptr);
-    for (const CapHoles& holes : topology.capHoles)
-        holesOf[holes.face] = &holes;
-
-    // The solid's faces come input face by input face, so the face whose stack
-    // holds them only ever moves on.
-    std::size_t owner = 0;
-    int n = 0;
+    starts.push_back(start);
+    const int loops = static_cast<int>(starts.size()) - 1;
+    const int capStart = 2 * rings * (n + loops);
     auto slotOf = [&](int vertex) {
-        const int local = vertex - topology.faceVertexStarts[owner];
+        const int local = vertex - firstVertex;
         return Slot{local / n, local % n};
     };
     auto capId = [&](int vertex) {
         const Slot slot = slotOf(vertex);
-        return ids[owner].capStart + (slot.ring == 0 ? 0 : n) + slot.point;
+        return capStart + (slot.ring == 0 ? 0 : n) + slot.point;
     };
-    out.uvIds.reserve(topology.faceConnects.size());
-    out.faceUvCounts.reserve(topology.faceCounts.size());
-    std::size_t next = 0;
+    std::size_t next = firstConnect;
     Slot corners[4];
-    for (std::size_t face = 0; face < topology.faceCounts.size(); ++face) {
-        const int count = topology.faceCounts[face];
+    for (std::size_t f = firstFace; f < endFace; ++f) {
+        const int count = topology.faceCounts[f];
         const int* connects = topology.faceConnects.data() + next;
-        next += count;
-        while (connects[0] >= topology.faceVertexStarts[owner + 1])
-            ++owner;
-        n = static_cast<int>(faces[owner].outline.points.size());
-        if (isCap[face]) {
+        next += static_cast<std::size_t>(count);
+        if (kind[f] == kCap) {
             int total = count;
             for (int i = 0; i < count; ++i)
                 out.uvIds.push_back(capId(connects[i]));
-            if (const CapHoles* holes = holesOf[face]) {
+            if (const CapHoles* holes = holesOf[f]) {
                 for (const int vertex : holes->vertices)
                     out.uvIds.push_back(capId(vertex));
                 total += static_cast<int>(holes->vertices.size());
@@ -180,14 +138,12 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const Profile& profile, c
         }
         // A side face: each corner's point along its loop, the loop's first
         // point taking its seam copy when the face closes the loop.
-        const std::vector<int>& starts = loopStarts[owner];
-        const int loops = static_cast<int>(starts.size()) - 1;
         for (int i = 0; i < count; ++i)
             corners[i] = slotOf(connects[i]);
         const int loop = static_cast<int>(std::upper_bound(starts.begin(), starts.end(), corners[0].point) -
                                           starts.begin()) -
                          1;
-        const int bandStart = ids[owner].sideStart + (isWall[face] ? 0 : 1) * rings * (n + loops);
+        const int bandStart = (kind[f] == kWall ? 0 : 1) * rings * (n + loops);
         bool closes = false;
         for (int i = 0; i < count; ++i)
             closes = closes || corners[i].point == starts[loop + 1] - 1;
@@ -197,6 +153,109 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const Profile& profile, c
         }
         out.faceUvCounts.push_back(count);
     }
+}
+
+} // namespace
+
+SolidUvs solidUvs(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
+                  const SolidTopology& topology, bool deleteCaps) {
+    const int rings = static_cast<int>(solidRings(profile).size());
+    const bool caps = !deleteCaps;
+    const std::size_t solidFaces = topology.faceCounts.size();
+    std::vector<char> kind(solidFaces, kBevel);
+    for (const int face : topology.capFaces)
+        kind[static_cast<std::size_t>(face)] = kCap;
+    for (const int face : topology.extrusionFaces)
+        kind[static_cast<std::size_t>(face)] = kWall;
+    std::vector<const CapHoles*> holesOf(solidFaces, nullptr);
+    for (const CapHoles& holes : topology.capHoles)
+        holesOf[static_cast<std::size_t>(holes.face)] = &holes;
+
+    // The solid's faces come input face by input face: each stack's first
+    // face and first connect.
+    std::vector<std::size_t> firstFace(faces.size() + 1, solidFaces);
+    std::vector<std::size_t> firstConnect(faces.size() + 1, topology.faceConnects.size());
+    std::size_t owner = 0;
+    std::size_t next = 0;
+    for (std::size_t f = 0; f < solidFaces; ++f) {
+        while (topology.faceConnects[next] >= topology.faceVertexStarts[owner + 1])
+            ++owner;
+        if (firstFace[owner] == solidFaces) {
+            firstFace[owner] = f;
+            firstConnect[owner] = next;
+        }
+        next += static_cast<std::size_t>(topology.faceCounts[f]);
+    }
+    // A stack without faces starts and ends where the next one starts.
+    for (std::size_t o = faces.size(); o-- > 0;) {
+        if (firstFace[o] == solidFaces) {
+            firstFace[o] = firstFace[o + 1];
+            firstConnect[o] = firstConnect[o + 1];
+        }
+    }
+
+    const std::size_t shapeCount = shapes.firstFace.size();
+    std::vector<ShapeUvs> shapeUvs(shapeCount);
+    tbb::parallel_for(std::size_t{0}, shapeCount, [&](std::size_t shape) {
+        const auto f = static_cast<std::size_t>(shapes.firstFace[shape]);
+        const FaceOutline& outline = faces[f].outline;
+        ShapeUvs& uvs = shapeUvs[shape];
+        double total = 0.0;
+        uvs.along = distancesAlong(outline, total);
+        uvs.length = total > 0.0 ? total : 1.0;
+        if (caps) {
+            uvs.front = capOffsets(outline, false, uvs.span);
+            uvs.back = capOffsets(outline, true, uvs.span);
+        }
+        stackUvIds(faces[f], rings, topology, firstFace[f], firstFace[f + 1], firstConnect[f],
+                   topology.faceVertexStarts[f], holesOf, kind, uvs);
+    });
+
+    // Each stack's first uv, face and id, then every stack placed in its tile.
+    const auto tiles = static_cast<double>(faces.size());
+    std::vector<std::size_t> uvStart(faces.size() + 1, 0);
+    std::vector<std::size_t> idStart(faces.size() + 1, 0);
+    for (std::size_t f = 0; f < faces.size(); ++f) {
+        const ShapeUvs& uvs = shapeUvs[static_cast<std::size_t>(shapes.shapeOf[f])];
+        uvStart[f + 1] = uvStart[f] + 2 * static_cast<std::size_t>(rings) * uvs.along.size() +
+                         uvs.front.size() + uvs.back.size();
+        idStart[f + 1] = idStart[f] + uvs.uvIds.size();
+    }
+    SolidUvs out;
+    out.u.resize(uvStart.back());
+    out.v.resize(uvStart.back());
+    out.uvIds.resize(idStart.back());
+    out.faceUvCounts.resize(solidFaces);
+    tbb::parallel_for(std::size_t{0}, faces.size(), [&](std::size_t f) {
+        const ShapeUvs& uvs = shapeUvs[static_cast<std::size_t>(shapes.shapeOf[f])];
+        std::size_t at = uvStart[f];
+        for (int band = 0; band < 2; ++band) {
+            const Cell cell = sideCell(f, tiles, band, caps);
+            for (int k = 0; k < rings; ++k) {
+                const double up = rings > 1 ? static_cast<double>(k) / (rings - 1) : 0.0;
+                for (const double distance : uvs.along) {
+                    out.u[at] = static_cast<float>(cell.u0 + cell.width * distance / uvs.length);
+                    out.v[at++] = static_cast<float>(cell.v0 + cell.height * up);
+                }
+            }
+        }
+        if (caps) {
+            const Cell cell{f / tiles + kCellInset, kCellInset, kCellFill / tiles, kCellFill * kCapsBand};
+            const double scale = uvs.span > 0.0 ? std::min(cell.width, cell.height) / uvs.span : 0.0;
+            for (const std::vector<Point2>* cap : {&uvs.front, &uvs.back}) {
+                for (const Point2& p : *cap) {
+                    out.u[at] = static_cast<float>(cell.u0 + p.x * scale);
+                    out.v[at++] = static_cast<float>(cell.v0 + p.y * scale);
+                }
+            }
+        }
+        const int base = static_cast<int>(uvStart[f]);
+        std::transform(uvs.uvIds.begin(), uvs.uvIds.end(),
+                       out.uvIds.begin() + static_cast<std::ptrdiff_t>(idStart[f]),
+                       [base](int id) { return base + id; });
+        std::copy(uvs.faceUvCounts.begin(), uvs.faceUvCounts.end(),
+                  out.faceUvCounts.begin() + static_cast<std::ptrdiff_t>(firstFace[f]));
+    });
     return out;
 }
 

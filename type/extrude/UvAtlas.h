@@ -19,7 +19,9 @@ struct SolidUvs {
     std::vector<int> uvIds;        // per face-vertex: outer loop, then each hole
 };
 
-SolidUvs solidUvs(const std::vector<SolidFace>& faces, const Profile& profile, const SolidTopology& topology,
-                  bool deleteCaps);
+// Faces of one shape have the same uvs but for their tile: each shape's are
+// worked out once.
+SolidUvs solidUvs(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
+                  const SolidTopology& topology, bool deleteCaps);
 
 } // namespace type

@@ -1,4 +1,5 @@
 #include "../geometry/Fixtures.h"
+#include "extrude/FaceShapes.h"
 #include "extrude/UvAtlas.h"
 
 #include <algorithm>
@@ -52,7 +53,7 @@ std::vector<Box> faceBoxes(const SolidUvs& uvs) {
 TEST(UvAtlas, EachFaceHasItsTileAndEachKindOfFaceItsBand) {
     const std::vector<SolidFace> faces = {squareWithHole(0), squareWithHole(10)};
     const SolidTopology topology = solidTopology(faces, beveled(), false);
-    const SolidUvs uvs = solidUvs(faces, beveled(), topology, false);
+    const SolidUvs uvs = solidUvs(faces, faceShapes(faces), beveled(), topology, false);
     ASSERT_EQ(uvs.faceUvCounts.size(), topology.faceCounts.size());
     ASSERT_EQ(uvs.u.size(), uvs.v.size());
     const std::vector<Box> boxes = faceBoxes(uvs);
@@ -82,7 +83,7 @@ TEST(UvAtlas, EachFaceHasItsTileAndEachKindOfFaceItsBand) {
 TEST(UvAtlas, WithoutCapsTheSidesFillTwoRows) {
     const std::vector<SolidFace> faces = {squareWithHole(0)};
     const SolidTopology topology = solidTopology(faces, beveled(), true);
-    const std::vector<Box> boxes = faceBoxes(solidUvs(faces, beveled(), topology, true));
+    const std::vector<Box> boxes = faceBoxes(solidUvs(faces, faceShapes(faces), beveled(), topology, true));
     for (const int f : topology.extrusionFaces) {
         EXPECT_GE(boxes[f].v0, 0.0f);
         EXPECT_LE(boxes[f].v1, 0.5f);
