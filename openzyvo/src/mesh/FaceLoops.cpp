@@ -56,6 +56,22 @@ void FaceLoops::appendLoopOffsets(std::span<const int32_t> loopCounts, int32_t f
     }
 }
 
+FaceLoops FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts,
+                                     std::span<const int32_t> vertexIds) {
+    FaceLoops out;
+    out.faces_.resize(faceCounts.size());
+    out.loopOffsets_.assign(faceCounts.size(), 0);
+    out.vertexIds_.assign(vertexIds.begin(), vertexIds.end());
+    int32_t start = 0;
+    for (size_t f = 0; f < faceCounts.size(); ++f) {
+        out.faces_[f] = {start, faceCounts[f], static_cast<int32_t>(f), 1};
+        start += faceCounts[f];
+    }
+    out.loopTotal_ = static_cast<int32_t>(faceCounts.size());
+    out.vertexTotal_ = start;
+    return out;
+}
+
 void FaceLoops::reserve(int32_t faces, int32_t loops, int32_t faceVertices) {
     reserveGrowing(faces_, faces_.size() + static_cast<size_t>(faces));
     reserveGrowing(loopOffsets_, loopOffsets_.size() + static_cast<size_t>(loops));
@@ -141,7 +157,7 @@ Status validateLoops(std::span<const int32_t> loopCounts, std::span<const int32_
         for (size_t i = 0; i < loop.size(); ++i) {
             if (loop[i] < 0 || loop[i] >= vertexCount)
                 return Status::InvalidIndex;
-            if (loop[i] == loop[(i + 1) % loop.size()])
+            if (loop[i] == (i + 1 < loop.size() ? loop[i + 1] : loop[0]))
                 return Status::DegenerateLoop;
         }
         begin += loop.size();

@@ -75,6 +75,10 @@ public:
     // Largest vertex id used plus one (0 when there are no faces).
     int32_t vertexIdBound() const;
 
+    // Faces of one loop each, in the order given: the first faceCounts[0] ids are the first face.
+    // The caller has validated counts and ids.
+    static FaceLoops singleLoopFaces(std::span<const int32_t> faceCounts, std::span<const int32_t> vertexIds);
+
     // Makes room for that many more faces, loops and face-vertices, so that building a mesh face
     // by face does not move the pool at every doubling.
     void reserve(int32_t faces, int32_t loops, int32_t faceVertices);

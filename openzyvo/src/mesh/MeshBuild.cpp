@@ -46,16 +46,8 @@ Status Mesh::create(std::span<const Point3> points, std::span<const int32_t> fac
         s != Status::Success)
         return s;
 
-    FaceLoops faces;
-    const auto faceCount = static_cast<int32_t>(faceCounts.size());
-    faces.reserve(faceCount, faceCount, static_cast<int32_t>(faceConnects.size()));
-    size_t begin = 0;
-    for (const int32_t count : faceCounts) {
-        faces.appendFace(std::span(&count, 1), faceConnects.subspan(begin, static_cast<size_t>(count)));
-        begin += static_cast<size_t>(count);
-    }
     points_.assign(points.begin(), points.end());
-    faces_ = std::move(faces);
+    faces_ = FaceLoops::singleLoopFaces(faceCounts, faceConnects);
     normalsSet_ = false;
     normals_.clear();
     clearVertexColors();

@@ -67,8 +67,10 @@ VertexMergeIndex::Reach VertexMergeIndex::reachOf(Point3 p) const {
 // Keys are the low 32 bits of a cell's hash and pick the home slot by themselves, so a table can
 // be rehashed from its keys alone, and cells whose keys collide always share one chain.
 uint32_t keyOf(int64_t x, int64_t y, int64_t z) {
-    return static_cast<uint32_t>(
-        mix(static_cast<uint64_t>(x) + mix(static_cast<uint64_t>(y) + mix(static_cast<uint64_t>(z)))));
+    // Odd multipliers spread each coordinate over the word before one finaliser mixes them.
+    return static_cast<uint32_t>(mix(static_cast<uint64_t>(x) * 0x9e3779b97f4a7c15ull ^
+                                     static_cast<uint64_t>(y) * 0xc2b2ae3d27d4eb4full ^
+                                     static_cast<uint64_t>(z) * 0x165667b19e3779f9ull));
 }
 
 size_t VertexMergeIndex::slotOf(uint32_t key) const {
