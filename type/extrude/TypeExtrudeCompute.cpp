@@ -29,6 +29,8 @@
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZPxCommand.h>
 #include <string>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 #include <tbb/task_group.h>
 #include <unordered_map>
 #include <vector>
@@ -172,8 +174,11 @@ ZStatus layOutInput(const ZFnMesh& mesh, const ZPointArray& points, InputLayout&
 void copyPoints(const std::vector<Point3>& points, ZPointArray& out) {
     std::vector<ZPoint>& to = out.asVector();
     to.resize(points.size());
-    for (std::size_t i = 0; i < points.size(); ++i)
-        to[i] = ZPoint(points[i].x, points[i].y, points[i].z);
+    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, points.size(), 16384),
+                      [&](const tbb::blocked_range<std::size_t>& range) {
+                          for (std::size_t i = range.begin(); i != range.end(); ++i)
+                              to[i] = ZPoint(points[i].x, points[i].y, points[i].z);
+                      });
 }
 
 ZIntArray intArray(const std::vector<int>& values) {

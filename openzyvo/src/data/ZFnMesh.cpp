@@ -4,6 +4,9 @@
 #include "data/SpaceTransform.h"
 
 #include <OpenZyvo/ZFnMesh.h>
+#include <span>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 #include <vector>
 
 using oz::MeshData;
@@ -12,10 +15,19 @@ using oz::mesh::Point3;
 
 namespace {
 
+// Converts into `out` (as long as `points`), in parallel: a solid of text writes hundreds of
+// thousands of points on every update.
+template <class Points> void convertPoints(const Points& points, std::span<Point3> out) {
+    tbb::parallel_for(tbb::blocked_range<unsigned int>(0, points.length(), 16384),
+                      [&](const tbb::blocked_range<unsigned int>& range) {
+                          for (unsigned int i = range.begin(); i != range.end(); ++i)
+                              out[i] = oz::toKernel(points[i]);
+                      });
+}
+
 template <class Points> std::vector<Point3> kernelPoints(const Points& points) {
     std::vector<Point3> out(points.length());
-    for (unsigned int i = 0; i < points.length(); ++i)
-        out[i] = oz::toKernel(points[i]);
+    convertPoints(points, out);
     return out;
 }
 
@@ -42,14 +54,16 @@ template <class Points> ZStatus writePoints(MeshTarget* target, const Points& po
         return ZStatus::kInvalidParameter;
     // Nodes write their output in object space, every point of it on each update of a shape
     // value: without a matrix the points are only converted.
-    std::vector<Point3> moved;
     if (transform->isIdentity()) {
-        moved = kernelPoints(points);
-    } else {
-        moved.reserve(points.length());
-        for (const auto& p : points)
-            moved.push_back(transform->pointFromSpace(ZPoint(p)));
+        return oz::editMesh(target, MeshTarget::Edit::kPoints, [&](MeshData& data) {
+            return oz::toStatus(data.mesh.fillPoints(
+                points.length(), [&](std::span<Point3> out) { convertPoints(points, out); }));
+        });
     }
+    std::vector<Point3> moved;
+    moved.reserve(points.length());
+    for (const auto& p : points)
+        moved.push_back(transform->pointFromSpace(ZPoint(p)));
     return oz::editMesh(target, MeshTarget::Edit::kPoints,
                         [&](MeshData& data) { return oz::toStatus(data.mesh.setPoints(moved)); });
 }

@@ -23,6 +23,14 @@ Status Mesh::setPoints(std::span<const Point3> points) {
     return Status::Success;
 }
 
+Status Mesh::fillPoints(size_t count, const std::function<void(std::span<Point3>)>& fill) {
+    if (count != points_.size())
+        return Status::SizeMismatch;
+    fill(points_);
+    pointsMoved();
+    return Status::Success;
+}
+
 Status Mesh::setPoint(int32_t vertex, Point3 p) {
     if (vertex < 0 || vertex >= vertexCount())
         return Status::InvalidIndex;

@@ -14,6 +14,7 @@
 #include "mesh/VertexMerge.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -74,6 +75,9 @@ public:
     std::span<const Point3> points() const { return points_; }
     std::optional<Point3> point(int32_t vertex) const;
     Status setPoints(std::span<const Point3> points);
+    // Overwrites all `count` points (the count must stay) by handing the mesh's own storage to
+    // `fill`: writers that convert from another layout then pass over the points only once.
+    Status fillPoints(size_t count, const std::function<void(std::span<Point3>)>& fill);
     Status setPoint(int32_t vertex, Point3 p);
     BoundingBox boundingBox() const;
 
