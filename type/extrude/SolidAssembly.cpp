@@ -121,13 +121,14 @@ void solidPoints(const std::vector<SolidFace>& faces, const Profile& profile, co
                 const SolidFace& face = faces[f];
                 std::size_t next = starts[f];
                 for (const Ring& ring : rings) {
-                    offsetter(f, ring.offset, moved);
+                    offsetter(f, ring.offset * face.insetScale, moved);
                     // A builder that could not keep the outline's points leaves the ring
                     // unmoved rather than writing into the next face's slice.
                     const std::vector<Point2>& ringPoints =
                         moved.size() == face.outline.points.size() ? moved : face.outline.points;
                     for (const Point2& p : ringPoints)
-                        out[next++] = face.frame.fromPlane(p, face.height + ring.depth);
+                        out[next++] = face.frame.fromPlane(p, face.height + ring.depth +
+                                                                  ring.wallShare * face.extraDepth);
                 }
             }
         });

@@ -15,6 +15,12 @@ struct SolidFace {
     FaceFrame frame;
     double height = 0.0; // of the face's plane along its normal
     int firstInputVertex = 0;
+    int inputFace = 0;
+    // Per-face changes to the profile, which leave the topology alone: the
+    // extrusion distance added to this face's (through each ring's wall
+    // share), and the factor on every ring's inset.
+    double extraDepth = 0.0;
+    double insetScale = 1.0;
 };
 
 // The hole loops of one cap face, as vertex ids of the solid in the order
