@@ -8,6 +8,7 @@
 #include <OpenZyvo/ZCurveAttribute.h>
 #include <OpenZyvo/ZDataHandle.h>
 #include <OpenZyvo/ZDoubleArray.h>
+#include <OpenZyvo/ZFileIO.h>
 #include <OpenZyvo/ZFloatArray.h>
 #include <OpenZyvo/ZFnComponentListData.h>
 #include <OpenZyvo/ZFnDoubleArrayData.h>
@@ -18,6 +19,7 @@
 #include <OpenZyvo/ZGlobal.h>
 #include <iostream>
 #include <string>
+#include <tuple>
 #include <unordered_map>
 
 namespace type {
@@ -29,6 +31,17 @@ constexpr double kCapHoleTolerance = 1e-10;
 
 // Object groups below this index are the cap, bevel and extrusion groups.
 constexpr unsigned int kFirstCharacterGroup = 3;
+
+// The profile a new node starts with: a straight wall at the neutral value
+// 0.5, and bevels straight for the first half, cut at 45 degrees, then flat.
+// Drawn with the value across and the position up, as the curves are edited.
+const ZDoubleArray kWallPositions{0.0, 0.333, 0.666, 1.0};
+const ZDoubleArray kWallValues{0.5, 0.5, 0.5, 0.5};
+const ZDoubleArray kBevelPositions{0.0, 0.5, 1.0, 1.0};
+const ZDoubleArray kBevelValues{1.0, 1.0, 0.5, 0.0};
+
+// A curve read from a scene keeps its points when it has this many.
+constexpr unsigned int kKeptCurvePoints = 4;
 
 std::vector<double> sampleCurve(const ZObject& node, const ZObject& attribute, int divisions,
                                 const char* unit) {
@@ -111,6 +124,28 @@ ZStatus layOutInput(const ZFnMesh& mesh, const ZPointArray& points, InputLayout&
         out.colours.push_back(colours[outer.front()]);
     }
     return ZStatus::kSuccess;
+}
+
+void writeDefaultProfileCurves(const ZObject& node, const ProfileCurves& curves, const char* unit) {
+    ZStatus status;
+    ZCurveAttribute back(node, curves.back, &status);
+    if (!status)
+        reportApiError(status, unit);
+    ZCurveAttribute wall(node, curves.extrude, &status);
+    if (!status)
+        reportApiError(status, unit);
+    ZCurveAttribute front(node, curves.front, &status);
+    if (!status)
+        reportApiError(status, unit);
+    if (ZFileIO::isReadingFile() && back.numEntries() >= kKeptCurvePoints &&
+        wall.numEntries() >= kKeptCurvePoints && front.numEntries() >= kKeptCurvePoints)
+        return;
+    for (auto [curve, positions, values] : {std::tuple{&back, &kBevelPositions, &kBevelValues},
+                                            std::tuple{&wall, &kWallPositions, &kWallValues},
+                                            std::tuple{&front, &kBevelPositions, &kBevelValues}}) {
+        if (const ZStatus set = curve->setCurve(*positions, *values); !set)
+            reportApiError(set, unit);
+    }
 }
 
 ProfileSamples sampleProfileCurves(const ZObject& node, const ProfileCurves& curves,

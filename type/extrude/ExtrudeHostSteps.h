@@ -35,6 +35,10 @@ struct ProfileCurves {
     ZObject back;
 };
 
+// Writes the profile a new node starts with; a node read from a scene keeps
+// curves that hold enough points.
+void writeDefaultProfileCurves(const ZObject& node, const ProfileCurves& curves, const char* unit);
+
 ProfileSamples sampleProfileCurves(const ZObject& node, const ProfileCurves& curves,
                                    const ExtrudeSettings& settings, const char* unit);
 
