@@ -105,16 +105,6 @@ std::vector<int> listedInputFaces(ZDataBlock& block) {
     return faces;
 }
 
-// Input the node cannot build from: the reason on the console, the user's
-// warning pointing there, and an empty mesh rather than a stale one.
-ZStatus refuse(ZDataBlock& block, const std::string& reason) {
-    std::cout << "vectorExtrude: " << reason << std::endl;
-    ZGlobal::displayWarning(messages::text(messages::kTypeSVGNoValidInput));
-    if (const ZStatus written = writeEmptyMesh(block, V::outputMesh, kUnit); !written)
-        return written;
-    return ZStatus::kFailure;
-}
-
 template <typename T> void keepOnly(const std::vector<std::size_t>& kept, std::vector<T>& values) {
     std::vector<T> out;
     out.reserve(kept.size());
@@ -137,24 +127,34 @@ ZStatus typeExtrude::compute(const ZPlug& plug, ZDataBlock& block) {
     ExtrudeSettings settings = resolveExtrudeSettings(readAttributes(block));
     settings.bevelStyle = switchBevel(settings.bevelStyle, block.inputValue(bevel).asShort());
     const FaceOptions options = readFaceOptions(block, settings);
-    if (const std::string problem = checkFaceOptions(options); !problem.empty())
-        return refuse(block, problem);
 
-    const ZFnMesh in(input);
-    ZPointArray inputPoints;
-    if (status = in.getPoints(inputPoints, ZSpace::kObject); !status)
-        return reportApiError(status, kUnit);
-    if (inputPoints.length() < 3)
-        return refuse(block, "the input mesh has fewer than 3 points");
     InputLayout layout;
-    if (status = layOutInput(in, inputPoints, layout, kUnit); !status)
-        return status;
-    // Faces left out of a component filter are left out of the solid.
-    const std::vector<std::size_t> kept = listedFaces(layout.faces, listedInputFaces(block));
-    keepOnly(kept, layout.faces);
-    keepOnly(kept, layout.colours);
-    if (layout.faces.empty())
-        return refuse(block, "no face of the input mesh is left to extrude");
+    std::string problem = checkFaceOptions(options);
+    if (problem.empty()) {
+        const ZFnMesh in(input);
+        ZPointArray inputPoints;
+        if (status = in.getPoints(inputPoints, ZSpace::kObject); !status)
+            return reportApiError(status, kUnit);
+        if (inputPoints.length() < 3)
+            problem = "the input mesh has fewer than 3 points";
+        else if (status = layOutInput(in, inputPoints, layout, kUnit); !status)
+            return status;
+    }
+    if (problem.empty()) {
+        // Faces left out of a component filter are left out of the solid.
+        const std::vector<std::size_t> kept = listedFaces(layout.faces, listedInputFaces(block));
+        keepOnly(kept, layout.faces);
+        keepOnly(kept, layout.colours);
+        if (layout.faces.empty())
+            problem = "no face of the input mesh is left to extrude";
+    }
+    // Input the node cannot build from: the reason on the console, the user's
+    // warning pointing there, and an empty solid rather than a stale one.
+    if (!problem.empty()) {
+        std::cout << "vectorExtrude: " << problem << std::endl;
+        ZGlobal::displayWarning(messages::text(messages::kTypeSVGNoValidInput));
+        layout = {};
+    }
     std::vector<SolidFace>& faces = layout.faces;
     applyFaceOptions(options, faces);
 
