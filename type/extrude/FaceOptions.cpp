@@ -88,13 +88,12 @@ void applyFaceOptions(const FaceOptions& options, std::vector<SolidFace>& faces)
     }
 }
 
-std::vector<std::size_t> listedFaces(const std::vector<SolidFace>& faces, const std::vector<int>& listed) {
+void extrudeListedFaces(const std::vector<int>& listed, std::vector<SolidFace>& faces) {
+    if (listed.empty())
+        return;
     const std::unordered_set<int> wanted(listed.begin(), listed.end());
-    std::vector<std::size_t> kept;
-    for (std::size_t f = 0; f < faces.size(); ++f)
-        if (wanted.empty() || wanted.count(faces[f].inputFace))
-            kept.push_back(f);
-    return kept;
+    for (SolidFace& face : faces)
+        face.extruded = wanted.count(face.inputFace) > 0;
 }
 
 InternalBevel switchBevel(InternalBevel resolved, int bevelSwitch) {

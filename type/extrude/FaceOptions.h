@@ -37,9 +37,9 @@ std::vector<std::size_t> faceElements(const std::vector<SolidFace>& faces, const
 // insets of a face too narrow for the bevel, so that its rings do not cross.
 void applyFaceOptions(const FaceOptions& options, std::vector<SolidFace>& faces);
 
-// The faces an input component filter keeps, by input face; an empty list
-// keeps them all.
-std::vector<std::size_t> listedFaces(const std::vector<SolidFace>& faces, const std::vector<int>& listed);
+// Only the input faces a component filter lists are extruded; the others pass
+// through flat. An empty list extrudes them all.
+void extrudeListedFaces(const std::vector<int>& listed, std::vector<SolidFace>& faces);
 
 // What the node's "bevel" switch does to the style resolved from
 // "bevelStyle" and its two switches: "Off" (0) keeps it, so that a scene that

@@ -85,15 +85,27 @@ std::vector<Ring> solidRings(const Profile& profile) {
     return profile.rings;
 }
 
+std::vector<Ring> faceRings(const SolidFace& face, const Profile& profile) {
+    if (!face.extruded)
+        return {Ring{}};
+    return solidRings(profile);
+}
+
 SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps) {
     SolidTopology out;
     TopologyBuilder builder(out);
-    const int rings = static_cast<int>(solidRings(profile).size());
+    const int solidRingCount = static_cast<int>(solidRings(profile).size());
     for (const SolidFace& face : faces) {
         const FaceOutline& outline = face.outline;
         const int n = static_cast<int>(outline.points.size());
         const std::vector<bool> left = materialOnLeft(outline);
         out.faceVertexStarts.push_back(out.vertexCount);
+        if (!face.extruded) {
+            builder.addCap(outline, left, out.vertexCount, true);
+            out.vertexCount += n;
+            continue;
+        }
+        const int rings = solidRingCount;
         if (!deleteCaps)
             builder.addCap(outline, left, out.vertexCount, false);
         for (int k = 0; k + 1 < rings; ++k)
@@ -108,10 +120,12 @@ SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& 
 
 void solidPoints(const std::vector<SolidFace>& faces, const Profile& profile, const RingOffsetter& offsetter,
                  std::vector<Point3>& out) {
-    const std::vector<Ring> rings = solidRings(profile);
+    const std::vector<Ring> solid = solidRings(profile);
+    const std::vector<Ring> flat{Ring{}};
     std::vector<std::size_t> starts(faces.size() + 1, 0);
     for (std::size_t f = 0; f < faces.size(); ++f)
-        starts[f + 1] = starts[f] + faces[f].outline.points.size() * rings.size();
+        starts[f + 1] =
+            starts[f] + faces[f].outline.points.size() * (faces[f].extruded ? solid : flat).size();
     out.resize(starts.back());
     // Each face fills its own slice, so the result does not depend on how the faces are shared out.
     tbb::parallel_for(
@@ -120,7 +134,7 @@ void solidPoints(const std::vector<SolidFace>& faces, const Profile& profile, co
             for (std::size_t f = range.begin(); f != range.end(); ++f) {
                 const SolidFace& face = faces[f];
                 std::size_t next = starts[f];
-                for (const Ring& ring : rings) {
+                for (const Ring& ring : face.extruded ? solid : flat) {
                     offsetter(f, ring.offset * face.insetScale, moved);
                     // A builder that could not keep the outline's points leaves the ring
                     // unmoved rather than writing into the next face's slice.

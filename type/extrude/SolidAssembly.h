@@ -21,6 +21,9 @@ struct SolidFace {
     // share), and the factor on every ring's inset.
     double extraDepth = 0.0;
     double insetScale = 1.0;
+    // A face left unextruded passes through as it came in: one ring, one
+    // face turned as the input's, kept in the cap group even without caps.
+    bool extruded = true;
 };
 
 // The hole loops of one cap face, as vertex ids of the solid in the order
@@ -49,6 +52,8 @@ struct SolidTopology {
 
 // The rings a profile builds: without extrusion, the face itself is the only one.
 std::vector<Ring> solidRings(const Profile& profile);
+// The rings one face is built with.
+std::vector<Ring> faceRings(const SolidFace& face, const Profile& profile);
 
 SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps);
 

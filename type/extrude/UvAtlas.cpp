@@ -38,17 +38,27 @@ public:
         const FaceOutline& outline = m_faces[f].outline;
         const double tiles = static_cast<double>(m_faces.size());
         ids.sideStart = static_cast<int>(out.u.size());
+        ids.capStart = ids.sideStart;
+        // A face that passes through flat has no sides; it takes its cap cell,
+        // or without caps its wall cell.
+        if (!m_faces[f].extruded) {
+            addCap(outline, m_caps ? capCell(f, tiles) : sideCell(f, tiles, 0), false, out);
+            return;
+        }
         for (int band = 0; band < 2; ++band)
             addSides(outline, sideCell(f, tiles, band), out);
         ids.capStart = static_cast<int>(out.u.size());
         if (m_caps) {
-            const Cell cell{f / tiles + kCellInset, kCellInset, kCellFill / tiles, kCellFill * kCapsBand};
-            addCap(outline, cell, false, out);
-            addCap(outline, cell, true, out);
+            addCap(outline, capCell(f, tiles), false, out);
+            addCap(outline, capCell(f, tiles), true, out);
         }
     }
 
 private:
+    static Cell capCell(std::size_t f, double tiles) {
+        return {f / tiles + kCellInset, kCellInset, kCellFill / tiles, kCellFill * kCapsBand};
+    }
+
     Cell sideCell(std::size_t f, double tiles, int band) const {
         if (m_caps)
             return {f / tiles + kCellInset, (band + 1) * kCapsBand + kCellInset, kCellFill / tiles,

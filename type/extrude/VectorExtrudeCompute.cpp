@@ -105,14 +105,6 @@ std::vector<int> listedInputFaces(ZDataBlock& block) {
     return faces;
 }
 
-template <typename T> void keepOnly(const std::vector<std::size_t>& kept, std::vector<T>& values) {
-    std::vector<T> out;
-    out.reserve(kept.size());
-    for (const std::size_t i : kept)
-        out.push_back(std::move(values[i]));
-    values = std::move(out);
-}
-
 } // namespace
 
 ZStatus typeExtrude::compute(const ZPlug& plug, ZDataBlock& block) {
@@ -140,14 +132,6 @@ ZStatus typeExtrude::compute(const ZPlug& plug, ZDataBlock& block) {
         else if (status = layOutInput(in, inputPoints, layout, kUnit); !status)
             return status;
     }
-    if (problem.empty()) {
-        // Faces left out of a component filter are left out of the solid.
-        const std::vector<std::size_t> kept = listedFaces(layout.faces, listedInputFaces(block));
-        keepOnly(kept, layout.faces);
-        keepOnly(kept, layout.colours);
-        if (layout.faces.empty())
-            problem = "no face of the input mesh is left to extrude";
-    }
     // Input the node cannot build from: the reason on the console, the user's
     // warning pointing there, and an empty solid rather than a stale one.
     if (!problem.empty()) {
@@ -156,6 +140,7 @@ ZStatus typeExtrude::compute(const ZPlug& plug, ZDataBlock& block) {
         layout = {};
     }
     std::vector<SolidFace>& faces = layout.faces;
+    extrudeListedFaces(listedInputFaces(block), faces);
     applyFaceOptions(options, faces);
 
     std::vector<std::vector<Mitre>> faceMitres(faces.size());

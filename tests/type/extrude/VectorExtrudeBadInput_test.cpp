@@ -78,7 +78,8 @@ TEST_F(VectorExtrudeBadInput, CharacterCountsThatAreNotCountsAreRefused) {
     }
 }
 
-TEST_F(VectorExtrudeBadInput, AFilterThatListsNoFaceOfTheInputIsRefused) {
+// A filter naming faces the input does not have extrudes none of its faces.
+TEST_F(VectorExtrudeBadInput, AFilterThatListsNoFaceOfTheInputLeavesEveryFaceFlat) {
     ZFnSingleIndexedComponent componentFn;
     const ZObject component = componentFn.create(ZFn::kMeshPolygonComponent);
     ASSERT_TRUE(componentFn.addElements(ZIntArray(std::vector<int>{7, 9})));
@@ -86,7 +87,10 @@ TEST_F(VectorExtrudeBadInput, AFilterThatListsNoFaceOfTheInputIsRefused) {
     const ZObject list = listFn.create();
     ASSERT_TRUE(listFn.add(component));
     ASSERT_TRUE(plugNamed("vectorExtrude1", "inputComponents").setValue(list));
-    expectRefused(evaluate(), "no face of the input mesh is left to extrude");
+    const Refusal flat = evaluate();
+    EXPECT_EQ(flat.vertices, 12);
+    EXPECT_EQ(flat.messages.find("No valid input"), std::string::npos) << flat.messages;
+    EXPECT_EQ(ZFnMesh(meshOf("vectorExtrude1")).numPolygons(), 3);
 }
 
 // Odd but usable values build: huge distances are held to a size, division

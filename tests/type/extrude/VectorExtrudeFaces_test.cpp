@@ -123,17 +123,39 @@ TEST_F(VectorExtrudeFaces, FacesOfOneCharacterShareTheirElementWhenKeptTogether)
     EXPECT_NEAR(beyond[2], 3.0, 1e-6);
 }
 
+// The faces a filter leaves out pass through flat, as they came in, in the
+// cap group; the listed one is built as without a filter.
 TEST_F(VectorExtrudeFaces, OnlyTheListedFacesAreExtruded) {
+    const SolidSnapshot all = snapshot("vectorExtrude1");
     const std::vector<ZPoint> second = facePoints("vectorExtrude1", 1);
-    const int allFaces = ZFnMesh(meshOf("vectorExtrude1")).numPolygons();
+    const std::size_t facesEach = all.faceCounts.size() / 3;
     listComponents(ZFn::kMeshPolygonComponent, {1});
     const SolidSnapshot listed = snapshot("vectorExtrude1");
-    EXPECT_EQ(listed.points, second);
-    EXPECT_EQ(static_cast<int>(listed.faceCounts.size()), allFaces / 3);
+    ASSERT_EQ(listed.points.size(), 4 + second.size() + 4);
+    EXPECT_EQ(std::vector<ZPoint>(listed.points.begin() + 4, listed.points.end() - 4), second);
+    for (const std::size_t first : {std::size_t{0}, listed.points.size() - 4})
+        for (std::size_t i = 0; i < 4; ++i)
+            EXPECT_NEAR(listed.points[first + i].z, 0.0, 1e-12) << first + i;
+    ASSERT_EQ(listed.faceCounts.size(), 1 + facesEach + 1);
+    // Turned as the input face: its vertices in the input's order.
+    EXPECT_EQ(std::vector<int>(listed.faceConnects.begin(), listed.faceConnects.begin() + 4),
+              (std::vector<int>{0, 1, 2, 3}));
+    const std::vector<int>& caps = listed.components[0];
+    EXPECT_EQ(caps.front(), 0);
+    EXPECT_EQ(caps.back(), static_cast<int>(listed.faceCounts.size()) - 1);
+    EXPECT_EQ(caps.size(), 4u);
 
-    // Components that name no face leave every face in.
+    // Without caps the flat faces stay, and every uv they name exists.
+    ASSERT_TRUE(run("setAttr vectorExtrude1.deleteCaps 1"));
+    const SolidSnapshot capless = snapshot("vectorExtrude1");
+    EXPECT_EQ(capless.components[0], (std::vector<int>{0, static_cast<int>(capless.faceCounts.size()) - 1}));
+    for (const int uv : capless.uvIds)
+        ASSERT_LT(uv, static_cast<int>(capless.u.size()));
+
+    // Components that name no face leave every face extruded.
+    ASSERT_TRUE(run("setAttr vectorExtrude1.deleteCaps 0"));
     listComponents(ZFn::kMeshVertComponent, {0, 1, 2, 3});
-    EXPECT_EQ(ZFnMesh(meshOf("vectorExtrude1")).numPolygons(), allFaces);
+    EXPECT_TRUE(snapshot("vectorExtrude1") == all);
 }
 
 TEST_F(VectorExtrudeFaces, PlanarCapUvsProjectAllCapsIntoOnePlane) {
