@@ -115,5 +115,17 @@ TEST_F(VectorExtrudeBadInput, AnUnconnectedNodeReportsTheMissingMesh) {
     EXPECT_NE(reported.front().find("cannot get input mesh"), std::string::npos) << reported.front();
 }
 
+// A hole whose points all coincide cannot be put back into its cap: the
+// node says so on the console, reports the failed call and builds nothing.
+TEST_F(VectorExtrudeBadInput, AHoleThatCannotBeInsertedIsReported) {
+    ASSERT_TRUE(
+        run("setAttr -type \"mesh\" facesShape.inMesh 7  0 0 0  4 0 0  4 4 0  0 4 0  1 1 0  1 1 0  1 1 0 "
+            " 1  2 4 0 1 2 3 3 6 5 4"));
+    const Refusal failed = evaluate();
+    EXPECT_NE(failed.console.find("Failed to create hole \n"), std::string::npos) << failed.console;
+    EXPECT_NE(failed.messages.find("API error detected in typeExtrude at line "), std::string::npos)
+        << failed.messages;
+}
+
 } // namespace
 } // namespace typetest
