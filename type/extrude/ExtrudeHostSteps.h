@@ -12,6 +12,7 @@
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZString.h>
+#include <initializer_list>
 #include <vector>
 
 // The host-side steps that both extrusion nodes take around the shared
