@@ -24,7 +24,8 @@ uint64_t shapeHash(const SolidFace& face) {
 
 bool sameShape(const SolidFace& a, const SolidFace& b) {
     if (a.outline.loopSizes != b.outline.loopSizes || a.outline.points.size() != b.outline.points.size() ||
-        !(a.frame == b.frame) || std::bit_cast<uint64_t>(a.height) != std::bit_cast<uint64_t>(b.height))
+        !(a.frame == b.frame) || std::bit_cast<uint64_t>(a.height) != std::bit_cast<uint64_t>(b.height) ||
+        a.extruded != b.extruded || a.extraDepth != b.extraDepth || a.insetScale != b.insetScale)
         return false;
     for (std::size_t i = 0; i < a.outline.points.size(); ++i) {
         const Point2& p = a.outline.points[i];

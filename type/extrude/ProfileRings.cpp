@@ -30,8 +30,8 @@ Profile sampleProfile(const ExtrudeSettings& s, const ProfileSamples& samples) {
     const double x = s.extrudeOffset;
     // The curve's neutral value 0.5 gives no taper; 0 and 1 give -X and +X.
     const double taper0 = (2.0 * at(e, 0) - 1.0) * x;
-    auto add = [&](double offset, double depth) {
-        profile.rings.push_back({static_cast<float>(offset), depth});
+    auto add = [&](double offset, double depth, double wallShare = 0.0) {
+        profile.rings.push_back({static_cast<float>(offset), depth, wallShare});
     };
 
     double y0 = 0.0;
@@ -52,14 +52,16 @@ Profile sampleProfile(const ExtrudeSettings& s, const ProfileSamples& samples) {
     profile.leadInEnd = static_cast<int>(profile.rings.size());
 
     for (int i = 0; i <= ne; ++i)
-        add((2.0 * at(e, i) - 1.0) * x + d0, (s.extrudeDistance - 2.0 * y0) * i / ne + y0);
+        add((2.0 * at(e, i) - 1.0) * x + d0, (s.extrudeDistance - 2.0 * y0) * i / ne + y0,
+            static_cast<double>(i) / ne);
     profile.wallsEnd = static_cast<int>(profile.rings.size());
     const double lastOffset = profile.rings.back().offset;
     const double lastDepth = profile.rings.back().depth;
 
     if (s.bevelStyle == InternalBevel::kInner) {
         for (int i = 1; i <= nf; ++i)
-            add((at(f, i) - at(f, 0)) * s.bevelOffset + lastOffset, lastDepth + i * s.bevelDistance / nf);
+            add((at(f, i) - at(f, 0)) * s.bevelOffset + lastOffset, lastDepth + i * s.bevelDistance / nf,
+                1.0);
     }
     profile.innerFrontEnd = static_cast<int>(profile.rings.size());
 
@@ -67,7 +69,7 @@ Profile sampleProfile(const ExtrudeSettings& s, const ProfileSamples& samples) {
         for (int k = 1; k <= nf; ++k) {
             const int i = nf - k;
             add(i * s.bevelDistance / nf + (lastOffset - d0),
-                lastDepth + (at(f, i) - at(f, nf)) * s.bevelOffset);
+                lastDepth + (at(f, i) - at(f, nf)) * s.bevelOffset, 1.0);
         }
     }
     return profile;

@@ -11,6 +11,10 @@ namespace type {
 struct Ring {
     float offset = 0.0f;
     double depth = 0.0;
+    // How much of `depth` moves with the extrusion distance (0 before the
+    // walls, i / N along them, 1 after), so that a face can be given a
+    // distance of its own without sampling the profile again.
+    double wallShare = 0.0;
 };
 
 // The profile curves read at i / N for i = 0..N, N being the divisions of the

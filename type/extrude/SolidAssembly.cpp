@@ -112,15 +112,27 @@ std::vector<Ring> solidRings(const Profile& profile) {
     return profile.rings;
 }
 
+std::vector<Ring> faceRings(const SolidFace& face, const Profile& profile) {
+    if (!face.extruded)
+        return {Ring{}};
+    return solidRings(profile);
+}
+
 SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps) {
     SolidTopology out;
     TopologyBuilder builder(out);
-    const int rings = static_cast<int>(solidRings(profile).size());
+    const int solidRingCount = static_cast<int>(solidRings(profile).size());
     for (const SolidFace& face : faces) {
         const FaceOutline& outline = face.outline;
         const int n = static_cast<int>(outline.points.size());
         const std::vector<bool> left = materialOnLeft(outline);
         out.faceVertexStarts.push_back(out.vertexCount);
+        if (!face.extruded) {
+            builder.addCap(outline, left, out.vertexCount, true);
+            out.vertexCount += n;
+            continue;
+        }
+        const int rings = solidRingCount;
         if (!deleteCaps)
             builder.addCap(outline, left, out.vertexCount, false);
         for (int k = 0; k + 1 < rings; ++k)
@@ -135,7 +147,6 @@ SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& 
 
 void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
                  const RingOffsetter& offsetter, std::vector<Point3>& out) {
-    const std::vector<Ring> rings = solidRings(profile);
     const std::size_t shapeCount = shapes.firstFace.size();
     std::vector<std::vector<Point3>> local(shapeCount);
     std::vector<double> grid(shapeCount, std::numeric_limits<double>::infinity());
@@ -152,17 +163,19 @@ void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, 
             std::vector<Point2> moved;
             for (std::size_t shape = range.begin(); shape != range.end(); ++shape) {
                 const SolidFace& face = faces[static_cast<std::size_t>(shapes.firstFace[shape])];
+                const std::vector<Ring> rings = faceRings(face, profile);
                 std::vector<Point3>& points = local[shape];
                 points.reserve(face.outline.points.size() * rings.size());
                 double extent = 0.0;
                 for (const Ring& ring : rings) {
-                    offsetter(shape, ring.offset, moved);
+                    offsetter(shape, ring.offset * face.insetScale, moved);
                     // A builder that could not keep the outline's points leaves the ring
                     // unmoved rather than writing into the next face's slice.
                     const std::vector<Point2>& ringPoints =
                         moved.size() == face.outline.points.size() ? moved : face.outline.points;
                     for (const Point2& p : ringPoints) {
-                        points.push_back(face.frame.fromPlane(p, face.height + ring.depth));
+                        points.push_back(face.frame.fromPlane(p, face.height + ring.depth +
+                                                                     ring.wallShare * face.extraDepth));
                         extent = std::max({extent, std::abs(points.back().x), std::abs(points.back().y),
                                            std::abs(points.back().z)});
                     }

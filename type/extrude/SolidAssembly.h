@@ -17,7 +17,16 @@ struct SolidFace {
     FaceFrame frame;
     double height = 0.0; // of the face's plane along its normal, from the anchor
     int firstInputVertex = 0;
-    Point3 anchor;
+    int inputFace = 0;
+    Point3 anchor{};
+    // Per-face changes to the profile, which leave the topology alone: the
+    // extrusion distance added to this face's (through each ring's wall
+    // share), and the factor on every ring's inset.
+    double extraDepth = 0.0;
+    double insetScale = 1.0;
+    // A face left unextruded passes through as it came in: one ring, one
+    // face turned as the input's, kept in the cap group even without caps.
+    bool extruded = true;
 };
 
 struct FaceShapes;
@@ -48,6 +57,8 @@ struct SolidTopology {
 
 // The rings a profile builds: without extrusion, the face itself is the only one.
 std::vector<Ring> solidRings(const Profile& profile);
+// The rings one face is built with.
+std::vector<Ring> faceRings(const SolidFace& face, const Profile& profile);
 
 SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps);
 

@@ -1,16 +1,12 @@
 #include "extrude/TypeExtrude.h"
 
-#include "plugin/ApiError.h"
+#include "extrude/ExtrudeHostSteps.h"
 
-#include <OpenZyvo/ZCurveAttribute.h>
-#include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZEvaluationNode.h>
-#include <OpenZyvo/ZFileIO.h>
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZPlugArray.h>
 #include <algorithm>
 #include <iterator>
-#include <tuple>
 
 namespace type {
 
@@ -47,17 +43,6 @@ constexpr const char* kTopologyNames[] = {
     "rbuf",
 };
 
-// The profile a new node starts with: a straight wall at the neutral value
-// 0.5, and bevels straight for the first half, cut at 45 degrees, then flat.
-// Drawn with the value across and the position up, as the curves are edited.
-const ZDoubleArray kWallPositions{0.0, 0.333, 0.666, 1.0};
-const ZDoubleArray kWallValues{0.5, 0.5, 0.5, 0.5};
-const ZDoubleArray kBevelPositions{0.0, 0.5, 1.0, 1.0};
-const ZDoubleArray kBevelValues{1.0, 1.0, 0.5, 0.0};
-
-// A curve read from a scene keeps its points when it has this many.
-constexpr unsigned int kKeptCurvePoints = 4;
-
 bool isTopologyName(const ZString& shortName) {
     return std::any_of(std::begin(kTopologyNames), std::end(kTopologyNames),
                        [&](const char* name) { return shortName == name; });
@@ -66,26 +51,7 @@ bool isTopologyName(const ZString& shortName) {
 } // namespace
 
 void TypeExtrude::postConstructor() {
-    const ZObject node = thisZObject();
-    ZStatus status;
-    ZCurveAttribute back(node, backBevelCurve, &status);
-    if (!status)
-        reportApiError(status, kSourceUnit);
-    ZCurveAttribute wall(node, extrudeCurve, &status);
-    if (!status)
-        reportApiError(status, kSourceUnit);
-    ZCurveAttribute front(node, frontBevelCurve, &status);
-    if (!status)
-        reportApiError(status, kSourceUnit);
-    if (ZFileIO::isReadingFile() && back.numEntries() >= kKeptCurvePoints &&
-        wall.numEntries() >= kKeptCurvePoints && front.numEntries() >= kKeptCurvePoints)
-        return;
-    for (auto [curve, positions, values] : {std::tuple{&back, &kBevelPositions, &kBevelValues},
-                                            std::tuple{&wall, &kWallPositions, &kWallValues},
-                                            std::tuple{&front, &kBevelPositions, &kBevelValues}}) {
-        if (const ZStatus set = curve->setCurve(*positions, *values); !set)
-            reportApiError(set, kSourceUnit);
-    }
+    writeDefaultProfileCurves(thisZObject(), {extrudeCurve, frontBevelCurve, backBevelCurve}, kSourceUnit);
 }
 
 void TypeExtrude::emptyCaches() {

@@ -6,7 +6,6 @@
 #include "offset/Mitres.h"
 
 #include <OpenZyvo/ZColor.h>
-#include <OpenZyvo/ZFnMesh.h>
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZPxNode.h>
 #include <vector>
@@ -85,7 +84,6 @@ private:
     void emptyCaches();
     ZStatus buildSolid(ZDataBlock& block);
     ZStatus writeMesh(ZObject& data, const Profile& profile, bool deleteCaps);
-    ZStatus buildMesh(ZObject& data, ZFnMesh& mesh);
     ZStatus writeComponents(ZDataBlock& block, const ZObject& data, int capId, int bevelId, int extrudeId);
     ZStatus groupCharacters(ZDataBlock& block);
 

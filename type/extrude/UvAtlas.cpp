@@ -32,6 +32,10 @@ Cell sideCell(std::size_t f, double tiles, int band, bool caps) {
     return {(f + kTileInset) / tiles, band * 0.5 + kTileInset, kTileFill / tiles, kRowHeight};
 }
 
+Cell capCell(std::size_t f, double tiles) {
+    return {f / tiles + kCellInset, kCellInset, kCellFill / tiles, kCellFill * kCapsBand};
+}
+
 // What each face of the solid is, for its band.
 constexpr char kCap = 0;
 constexpr char kWall = 1;
@@ -109,7 +113,7 @@ void stackUvIds(const SolidFace& face, int rings, const SolidTopology& topology,
     }
     starts.push_back(start);
     const int loops = static_cast<int>(starts.size()) - 1;
-    const int capStart = 2 * rings * (n + loops);
+    const int capStart = face.extruded ? 2 * rings * (n + loops) : 0;
     auto slotOf = [&](int vertex) {
         const int local = vertex - firstVertex;
         return Slot{local / n, local % n};
@@ -200,12 +204,17 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
         const auto f = static_cast<std::size_t>(shapes.firstFace[shape]);
         const FaceOutline& outline = faces[f].outline;
         ShapeUvs& uvs = shapeUvs[shape];
-        double total = 0.0;
-        uvs.along = distancesAlong(outline, total);
-        uvs.length = total > 0.0 ? total : 1.0;
-        if (caps) {
+        if (!faces[f].extruded) {
+            // A face that passes through flat has no sides, and keeps its one cap even without caps.
             uvs.front = capOffsets(outline, false, uvs.span);
-            uvs.back = capOffsets(outline, true, uvs.span);
+        } else {
+            double total = 0.0;
+            uvs.along = distancesAlong(outline, total);
+            uvs.length = total > 0.0 ? total : 1.0;
+            if (caps) {
+                uvs.front = capOffsets(outline, false, uvs.span);
+                uvs.back = capOffsets(outline, true, uvs.span);
+            }
         }
         stackUvIds(faces[f], rings, topology, firstFace[f], firstFace[f + 1], firstConnect[f],
                    topology.faceVertexStarts[f], holesOf, kind, uvs);
@@ -239,8 +248,9 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
                 }
             }
         }
-        if (caps) {
-            const Cell cell{f / tiles + kCellInset, kCellInset, kCellFill / tiles, kCellFill * kCapsBand};
+        if (!uvs.front.empty()) {
+            // Caps take their cell; a flat face without caps takes its wall cell.
+            const Cell cell = caps ? capCell(f, tiles) : sideCell(f, tiles, 0, caps);
             const double scale = uvs.span > 0.0 ? std::min(cell.width, cell.height) / uvs.span : 0.0;
             for (const std::vector<Point2>* cap : {&uvs.front, &uvs.back}) {
                 for (const Point2& p : *cap) {

@@ -1,13 +1,15 @@
 #include "extrude/VectorExtrudeNode.h"
 
+#include "extrude/ExtrudeHostSteps.h"
+
 namespace type {
 
 void* typeExtrude::creator() {
     return new typeExtrude;
 }
 
-ZStatus typeExtrude::initialize() {
-    return ZStatus::kSuccess;
+void typeExtrude::postConstructor() {
+    writeDefaultProfileCurves(thisZObject(), {extrudeCurve, frontBevelCurve, backBevelCurve}, kSourceUnit);
 }
 
 } // namespace type

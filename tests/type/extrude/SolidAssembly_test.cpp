@@ -36,22 +36,6 @@ Profile walls(int rings, double depth) {
     return p;
 }
 
-std::vector<Point3> pointsOf(const std::vector<SolidFace>& faces, const Profile& profile) {
-    const FaceShapes shapes = faceShapes(faces);
-    std::vector<std::vector<Mitre>> directions;
-    for (const int face : shapes.firstFace)
-        directions.push_back(mitres(faces[static_cast<std::size_t>(face)].outline));
-    std::vector<Point3> points;
-    solidPoints(
-        faces, shapes, profile,
-        [&](std::size_t shape, double d, std::vector<Point2>& out) {
-            normalsOffset(faces[static_cast<std::size_t>(shapes.firstFace[shape])].outline, directions[shape],
-                          d, out);
-        },
-        points);
-    return points;
-}
-
 TEST(SolidAssembly, SquareWithHoleIsAClosedOutwardSolidWhicheverWayItsLoopsWind) {
     for (const bool outerCcw : {true, false}) {
         for (const bool holeCw : {true, false}) {
@@ -59,7 +43,7 @@ TEST(SolidAssembly, SquareWithHoleIsAClosedOutwardSolidWhicheverWayItsLoopsWind)
             const Profile profile = walls(3, 2.0);
             const SolidTopology topology = solidTopology(faces, profile, false);
             const typetest::SolidReport report =
-                typetest::checkSolid(typetest::soupOf(topology, pointsOf(faces, profile)));
+                typetest::checkSolid(typetest::soupOf(topology, typetest::pointsOf(faces, profile)));
             EXPECT_TRUE(report.watertight()) << outerCcw << holeCw << report.firstProblem;
             EXPECT_NEAR(report.volume, 12.0 * 2.0, 1e-9) << outerCcw << holeCw;
         }
@@ -72,7 +56,7 @@ TEST(SolidAssembly, FacesTurnedAnyWayStillGiveOutwardSolids) {
         const Profile profile = walls(2, 0.5);
         const SolidTopology topology = solidTopology(faces, profile, false);
         const typetest::SolidReport report =
-            typetest::checkSolid(typetest::soupOf(topology, pointsOf(faces, profile)));
+            typetest::checkSolid(typetest::soupOf(topology, typetest::pointsOf(faces, profile)));
         EXPECT_TRUE(report.watertight()) << report.firstProblem;
         EXPECT_NEAR(report.volume, 12.0 * 0.5, 1e-9);
     }
@@ -98,7 +82,7 @@ TEST(FaceShapes, CopiesOfALetterGetExactlyTranslatedRings) {
     const FaceShapes shapes = faceShapes(faces);
     EXPECT_EQ(shapes.shapeOf, (std::vector<int>{0, 0, 0, 1, 2}));
 
-    const std::vector<Point3> points = pointsOf(faces, walls(3, 0.25));
+    const std::vector<Point3> points = typetest::pointsOf(faces, walls(3, 0.25));
     const std::size_t perFace = points.size() / faces.size();
     int placedExactly = 0;
     for (std::size_t copy = 1; copy < 3; ++copy) {
@@ -116,7 +100,7 @@ TEST(FaceShapes, CopiesOfALetterGetExactlyTranslatedRings) {
 
 TEST(SolidAssembly, RingsGrowAlongTheFaceNormalFromTheFacesPlane) {
     const std::vector<SolidFace> faces = {squareWithHole(true, true)};
-    const std::vector<Point3> points = pointsOf(faces, walls(2, 0.5));
+    const std::vector<Point3> points = typetest::pointsOf(faces, walls(2, 0.5));
     EXPECT_NEAR(points.front().z, 1.0, 1e-12);
     EXPECT_NEAR(points.back().z, 1.5, 1e-12);
     EXPECT_NEAR(points.front().x, 0.0, 1e-12);
@@ -131,7 +115,8 @@ TEST(SolidAssembly, DeleteCapsLeavesNoCapFacesAndNoHolesToInsert) {
     EXPECT_TRUE(topology.capHoles.empty());
     EXPECT_EQ(topology.faceCounts.size(), 2u * 8u);
     // Only the two open ends are left: both loops, front and back.
-    EXPECT_EQ(typetest::checkSolid(typetest::soupOf(topology, pointsOf(faces, profile))).openEdges, 16);
+    EXPECT_EQ(typetest::checkSolid(typetest::soupOf(topology, typetest::pointsOf(faces, profile))).openEdges,
+              16);
 }
 
 TEST(SolidAssembly, JoinsBetweenWallRingsAreWallsAndTheRestBevels) {
@@ -147,7 +132,7 @@ TEST(SolidAssembly, JoinsBetweenWallRingsAreWallsAndTheRestBevels) {
     EXPECT_EQ(topology.bevelFaces.size(), 16u);
     EXPECT_EQ(topology.capFaces.size(), 2u);
     const typetest::SolidReport report =
-        typetest::checkSolid(typetest::soupOf(topology, pointsOf(faces, profile)));
+        typetest::checkSolid(typetest::soupOf(topology, typetest::pointsOf(faces, profile)));
     EXPECT_TRUE(report.watertight()) << report.firstProblem;
 }
 

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "SolidCheck.h"
+#include "extrude/FaceShapes.h"
 #include "extrude/SolidAssembly.h"
+#include "offset/Mitres.h"
+#include "offset/NormalsOffset.h"
 
 // The solid a kernel built, as a polygon soup for checkSolid.
 namespace typetest {
@@ -25,6 +28,24 @@ inline PolygonSoup soupOf(const type::SolidTopology& topology, const std::vector
         }
     }
     return soup;
+}
+
+// The points the kernel builds for `faces`, offsetting every ring with the normals builder.
+inline std::vector<type::Point3> pointsOf(const std::vector<type::SolidFace>& faces,
+                                          const type::Profile& profile) {
+    const type::FaceShapes shapes = type::faceShapes(faces);
+    std::vector<std::vector<type::Mitre>> directions;
+    for (const int face : shapes.firstFace)
+        directions.push_back(type::mitres(faces[static_cast<std::size_t>(face)].outline));
+    std::vector<type::Point3> points;
+    type::solidPoints(
+        faces, shapes, profile,
+        [&](std::size_t shape, double d, std::vector<type::Point2>& out) {
+            type::normalsOffset(faces[static_cast<std::size_t>(shapes.firstFace[shape])].outline,
+                                directions[shape], d, out);
+        },
+        points);
+    return points;
 }
 
 } // namespace typetest

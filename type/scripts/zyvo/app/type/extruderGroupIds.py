@@ -1,4 +1,5 @@
-"""Group ids for the per-character vertex groups of a typeExtrude node."""
+"""Group ids for the per-character vertex groups of an extrusion node
+(typeExtrude, or the older vectorExtrude)."""
 
 import re
 
@@ -25,8 +26,9 @@ def createExtruderGroupIds(extruder, missing):
     """Gives `extruder` `missing` more charGroupId entries, each fed by a new
     groupId node with an id no other groupId node uses, after the entries it
     has. Returns the names of the new groupId nodes."""
-    if not cmds.objExists(extruder) or extruder not in cmds.ls(type="typeExtrude"):
-        raise ValueError("createExtruderGroupIds: %r is not a typeExtrude node" % (extruder,))
+    extruders = cmds.ls(type="typeExtrude") + cmds.ls(type="vectorExtrude")
+    if not cmds.objExists(extruder) or extruder not in extruders:
+        raise ValueError("createExtruderGroupIds: %r is not an extrusion node" % (extruder,))
     missing = int(missing)
     if missing < 0:
         raise ValueError("createExtruderGroupIds: cannot add %d ids" % missing)

@@ -1,0 +1,360 @@
+#include "extrude/ExtrudeHostSteps.h"
+
+#include "extrude/VertexGroupIds.h"
+#include "plugin/ApiError.h"
+
+#include <OpenZyvo/ZArrayDataHandle.h>
+#include <OpenZyvo/ZColorArray.h>
+#include <OpenZyvo/ZCurveAttribute.h>
+#include <OpenZyvo/ZDataHandle.h>
+#include <OpenZyvo/ZDoubleArray.h>
+#include <OpenZyvo/ZFileIO.h>
+#include <OpenZyvo/ZFloatArray.h>
+#include <OpenZyvo/ZFnComponentListData.h>
+#include <OpenZyvo/ZFnDoubleArrayData.h>
+#include <OpenZyvo/ZFnGeometryData.h>
+#include <OpenZyvo/ZFnIntArrayData.h>
+#include <OpenZyvo/ZFnMeshData.h>
+#include <OpenZyvo/ZFnSingleIndexedComponent.h>
+#include <OpenZyvo/ZGlobal.h>
+#include <iostream>
+#include <string>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+#include <tbb/task_group.h>
+#include <tuple>
+#include <unordered_map>
+
+namespace type {
+
+namespace {
+
+// Hole points of a cap land on the ring's own vertices.
+constexpr double kCapHoleTolerance = 1e-10;
+
+// Object groups below this index are the cap, bevel and extrusion groups.
+constexpr unsigned int kFirstCharacterGroup = 3;
+
+// The profile a new node starts with: a straight wall at the neutral value
+// 0.5, and bevels straight for the first half, cut at 45 degrees, then flat.
+// Drawn with the value across and the position up, as the curves are edited.
+const ZDoubleArray kWallPositions{0.0, 0.333, 0.666, 1.0};
+const ZDoubleArray kWallValues{0.5, 0.5, 0.5, 0.5};
+const ZDoubleArray kBevelPositions{0.0, 0.5, 1.0, 1.0};
+const ZDoubleArray kBevelValues{1.0, 1.0, 0.5, 0.0};
+
+// A curve read from a scene keeps its points when it has this many.
+constexpr unsigned int kKeptCurvePoints = 4;
+
+std::vector<double> sampleCurve(const ZObject& node, const ZObject& attribute, int divisions,
+                                const char* unit) {
+    ZStatus status;
+    const ZCurveAttribute curve(node, attribute, &status);
+    ZDoubleArray values;
+    if (!status) {
+        reportApiError(status, unit);
+        return {};
+    }
+    if (const ZStatus read = curve.getValuesAtPositions(ZDoubleArray(samplePositions(divisions)), values);
+        !read) {
+        reportApiError(read, unit);
+        return {};
+    }
+    return values.asVector();
+}
+
+Point3 point3(const ZPoint& p) {
+    return {p.x, p.y, p.z};
+}
+
+} // namespace
+
+ZStatus layOutInput(const ZFnMesh& mesh, const ZPointArray& points, InputLayout& out, const char* unit) {
+    ZIntArray holeInfo;
+    ZIntArray holeVertices;
+    ZStatus status;
+    mesh.getHoles(holeInfo, holeVertices, &status);
+    if (!status)
+        return reportApiError(status, unit);
+    const ZColor white(1.0f, 1.0f, 1.0f, 1.0f);
+    ZColorArray colours;
+    if (status = mesh.getVertexColors(colours, &white); !status)
+        return reportApiError(status, unit);
+
+    std::vector<bool> inHole(points.length(), false);
+    std::unordered_map<int, std::vector<std::vector<int>>> holesOfFace;
+    for (unsigned int h = 0; h + 2 < holeInfo.length(); h += 3) {
+        std::vector<int> loop;
+        for (int i = 0; i < holeInfo[h + 1]; ++i) {
+            const int vertex = holeVertices[holeInfo[h + 2] + i];
+            inHole[vertex] = true;
+            loop.push_back(vertex);
+        }
+        holesOfFace[holeInfo[h]].push_back(std::move(loop));
+    }
+
+    const int faceCount = mesh.numPolygons(&status);
+    if (!status)
+        return reportApiError(status, unit);
+    ZIntArray vertices;
+    for (int f = 0; f < faceCount; ++f) {
+        if (status = mesh.getPolygonVertices(f, vertices); !status)
+            return reportApiError(status, unit);
+        ZVector normal;
+        if (status = mesh.getPolygonNormal(f, normal); !status)
+            return reportApiError(status, unit);
+        std::vector<int> outer;
+        for (const int v : vertices)
+            if (!inHole[v])
+                outer.push_back(v);
+        if (outer.size() < 3)
+            continue;
+        SolidFace face{{},  FaceFrame({normal.x, normal.y, normal.z}),
+                       0.0, outer.front(),
+                       f,   point3(points[outer.front()])};
+        auto fromAnchor = [&](int v) {
+            const Point3 p = point3(points[v]);
+            return Point3{p.x - face.anchor.x, p.y - face.anchor.y, p.z - face.anchor.z};
+        };
+        for (const int v : outer) {
+            face.outline.points.push_back(face.frame.toPlane(fromAnchor(v)));
+            face.height += face.frame.height(fromAnchor(v));
+        }
+        face.height /= static_cast<double>(outer.size());
+        face.outline.loopSizes.push_back(static_cast<int>(outer.size()));
+        for (const std::vector<int>& loop : holesOfFace[f]) {
+            if (loop.size() < 3)
+                continue;
+            for (const int v : loop)
+                face.outline.points.push_back(face.frame.toPlane(fromAnchor(v)));
+            face.outline.loopSizes.push_back(static_cast<int>(loop.size()));
+        }
+        out.faces.push_back(std::move(face));
+        out.colours.push_back(colours[outer.front()]);
+    }
+    return ZStatus::kSuccess;
+}
+
+void writeDefaultProfileCurves(const ZObject& node, const ProfileCurves& curves, const char* unit) {
+    ZStatus status;
+    ZCurveAttribute back(node, curves.back, &status);
+    if (!status)
+        reportApiError(status, unit);
+    ZCurveAttribute wall(node, curves.extrude, &status);
+    if (!status)
+        reportApiError(status, unit);
+    ZCurveAttribute front(node, curves.front, &status);
+    if (!status)
+        reportApiError(status, unit);
+    if (ZFileIO::isReadingFile() && back.numEntries() >= kKeptCurvePoints &&
+        wall.numEntries() >= kKeptCurvePoints && front.numEntries() >= kKeptCurvePoints)
+        return;
+    for (auto [curve, positions, values] : {std::tuple{&back, &kBevelPositions, &kBevelValues},
+                                            std::tuple{&wall, &kWallPositions, &kWallValues},
+                                            std::tuple{&front, &kBevelPositions, &kBevelValues}}) {
+        if (const ZStatus set = curve->setCurve(*positions, *values); !set)
+            reportApiError(set, unit);
+    }
+}
+
+ProfileSamples sampleProfileCurves(const ZObject& node, const ProfileCurves& curves,
+                                   const ExtrudeSettings& settings, const char* unit) {
+    ProfileSamples samples;
+    if (settings.extrusion) {
+        samples.extrude = sampleCurve(node, curves.extrude, settings.extrudeDivisions, unit);
+        samples.front = sampleCurve(node, curves.front, settings.bevelDivisions, unit);
+        samples.back = sampleCurve(node, settings.rearUsesFront ? curves.front : curves.back,
+                                   settings.backBevelDivisions, unit);
+    }
+    return samples;
+}
+
+ZStatus writeEmptyMesh(ZDataBlock& block, const ZObject& outputMesh, const char* unit) {
+    ZStatus status;
+    ZFnMeshData dataFn;
+    const ZObject empty = dataFn.create(&status);
+    if (status)
+        ZFnMesh().create(0, 0, ZPointArray(), ZIntArray(), ZIntArray(), empty, &status);
+    if (status)
+        status = block.outputValue(outputMesh).setZObject(empty);
+    if (!status)
+        return reportApiError(status, unit);
+    return ZStatus::kSuccess;
+}
+
+void copyPoints(const std::vector<Point3>& points, ZPointArray& out) {
+    std::vector<ZPoint>& to = out.asVector();
+    to.resize(points.size());
+    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, points.size(), 16384),
+                      [&](const tbb::blocked_range<std::size_t>& range) {
+                          for (std::size_t i = range.begin(); i != range.end(); ++i)
+                              to[i] = ZPoint(points[i].x, points[i].y, points[i].z);
+                      });
+}
+
+ZIntArray intArray(const std::vector<int>& values) {
+    return ZIntArray(std::vector<int>(values.begin(), values.end()));
+}
+
+namespace {
+
+ZStatus buildSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts, const char* unit,
+                       const char* holeFailure) {
+    const SolidTopology& topology = parts.topology;
+    ZStatus status;
+    ZFnMeshData dataFn;
+    data = dataFn.create(&status);
+    if (!status)
+        return reportApiError(status, unit);
+    mesh.create(topology.vertexCount, static_cast<int>(topology.faceCounts.size()), parts.points,
+                intArray(topology.faceCounts), intArray(topology.faceConnects), data, &status);
+    if (!status)
+        return reportApiError(status, unit);
+    ZPointArray holePoints;
+    for (const CapHoles& holes : topology.capHoles) {
+        holePoints.clear();
+        for (const int v : holes.vertices) {
+            holePoints.append(parts.points[v]);
+        }
+        if (status =
+                mesh.addHoles(holes.face, holePoints, intArray(holes.loopSizes), true, kCapHoleTolerance);
+            !status) {
+            if (holeFailure)
+                std::cout << holeFailure << std::flush;
+            return reportApiError(status, unit);
+        }
+    }
+    // Every vertex takes the colour of the input face it was built from.
+    ZColorArray colours;
+    ZIntArray vertices;
+    const int vertexCount = mesh.numVertices();
+    for (std::size_t f = 0; f < parts.faces.size(); ++f) {
+        for (int v = topology.faceVertexStarts[f]; v < topology.faceVertexStarts[f + 1] && v < vertexCount;
+             ++v) {
+            colours.append(parts.colours[f]);
+            vertices.append(v);
+        }
+    }
+    if (status = mesh.setVertexColors(colours, vertices); !status)
+        return reportApiError(status, unit);
+    return ZStatus::kSuccess;
+}
+
+} // namespace
+
+ZStatus writeSolidMesh(ZObject& data, const SolidMeshParts& parts, const char* unit,
+                       const char* holeFailure) {
+    // The uvs are worked out on another thread while this one builds the mesh.
+    SolidUvs uvs;
+    tbb::task_group uvWork;
+    uvWork.run([&] { uvs = parts.uvs(); });
+    ZFnMesh mesh;
+    const ZStatus built = buildSolidMesh(data, mesh, parts, unit, holeFailure);
+    uvWork.wait();
+    if (!built)
+        return built;
+    ZStatus status;
+    if (status = mesh.setUVs(ZFloatArray(std::move(uvs.u)), ZFloatArray(std::move(uvs.v))); !status)
+        return reportApiError(status, unit);
+    if (status = mesh.assignUVs(ZIntArray(std::move(uvs.faceUvCounts)), ZIntArray(std::move(uvs.uvIds)));
+        !status)
+        return reportApiError(status, unit);
+    return ZStatus::kSuccess;
+}
+
+ZStatus writeSolidComponents(ZDataBlock& block, const ZObject& data,
+                             std::initializer_list<ComponentGroup> groups, const char* unit) {
+    ZFnGeometryData geometry(data);
+    for (const ComponentGroup& group : groups) {
+        ZStatus status;
+        ZFnSingleIndexedComponent componentFn;
+        const ZObject component = componentFn.create(ZFn::kMeshPolygonComponent, &status);
+        if (status)
+            status = componentFn.addElements(intArray(group.faces));
+        ZFnComponentListData listFn;
+        ZObject list;
+        if (status)
+            list = listFn.create(&status);
+        if (status)
+            status = listFn.add(component);
+        const auto groupId = static_cast<unsigned int>(group.id);
+        if (status && !geometry.hasObjectGroup(groupId))
+            status = geometry.addObjectGroup(groupId);
+        if (status)
+            status = geometry.addObjectGroupComponent(groupId, component);
+        if (status)
+            status = block.outputValue(group.attribute).setZObject(list);
+        if (!status)
+            return reportApiError(status, unit);
+    }
+    return ZStatus::kSuccess;
+}
+
+ZStatus writeCharacterGroups(ZDataBlock& block, const CharacterGroupPlugs& plugs, const ZString& nodeName,
+                             const std::vector<SolidFace>& faces, const SolidTopology& topology,
+                             const char* unit) {
+    ZStatus status;
+    const ZObject data = block.outputValue(plugs.outputMesh, &status).data();
+    if (!status)
+        return reportApiError(status, unit);
+    std::vector<int> used;
+    if (!data.isNull()) {
+        ZFnGeometryData geometry(data);
+        for (unsigned int i = geometry.objectGroupCount(); i > kFirstCharacterGroup; --i)
+            if (status = geometry.removeObjectGroup(geometry.objectGroup(i - 1)); !status)
+                return reportApiError(status, unit);
+
+        std::vector<int> inputEnds;
+        const ZObject totals = block.inputValue(plugs.vertsPerChar).data();
+        if (!totals.isNull()) {
+            ZDoubleArray values;
+            ZFnDoubleArrayData(totals).copyTo(values);
+            for (const double value : values)
+                inputEnds.push_back(static_cast<int>(value));
+        }
+        std::vector<int> requested;
+        ZArrayDataHandle ids = block.inputArrayValue(plugs.charGroupId, &status);
+        if (!status)
+            return reportApiError(status, unit);
+        for (unsigned int i = 0; i < ids.elementCount(); ++i) {
+            ids.jumpToArrayElement(i);
+            requested.push_back(ids.inputValue().asInt());
+        }
+
+        const std::vector<int> ends = solidCharacterEnds(faces, topology, inputEnds);
+        const VertexGroupIds resolved = resolveVertexGroupIds(requested, ends.size(), [&](int id) {
+            return geometry.hasObjectGroup(static_cast<unsigned int>(id));
+        });
+        if (resolved.missing > 0) {
+            const std::string command = "createExtruderGroupIds( \"" + nodeName.asStdString() + "\", " +
+                                        std::to_string(resolved.missing) + ")";
+            if (status = ZGlobal::executeCommandOnIdle(ZString(command.c_str())); !status)
+                reportApiError(status, unit);
+        }
+        for (std::size_t k = 0; k < ends.size(); ++k) {
+            ZFnSingleIndexedComponent componentFn;
+            const ZObject component = componentFn.create(ZFn::kMeshVertComponent, &status);
+            for (int v = k == 0 ? 0 : ends[k - 1]; status && v < ends[k]; ++v)
+                status = componentFn.addElement(v);
+            const auto id = static_cast<unsigned int>(resolved.ids[k]);
+            if (status)
+                status = geometry.addObjectGroup(id);
+            if (status)
+                status = geometry.addObjectGroupComponent(id, component);
+            if (!status)
+                return reportApiError(status, unit);
+        }
+        used = resolved.ids;
+    }
+    ZFnIntArrayData idsFn;
+    const ZObject list = idsFn.create(intArray(used), &status);
+    if (status)
+        status = block.outputValue(plugs.vertexGroupIds).setZObject(list);
+    if (status)
+        status = block.setClean(plugs.vertexGroupIds);
+    if (!status)
+        return reportApiError(status, unit);
+    return ZStatus::kSuccess;
+}
+
+} // namespace type
