@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 
 namespace oz::mesh {
 
@@ -113,15 +115,19 @@ void VertexMergeIndex::extend(std::span<const Point3> points) {
     reserve(static_cast<size_t>(usedSlots_) + static_cast<size_t>(count - indexedCount_));
 
     // A whole mesh is indexed at once on its first merge, and each insert lands on a random slot
-    // of a table far larger than the cache. The keys are worked out first, so that each insert
-    // can fetch the home slot of one a little ahead and the misses overlap instead of queueing.
+    // of a table far larger than the cache. The keys are worked out first (on all cores), so that
+    // each insert can fetch the home slot of one a little ahead and the misses overlap instead of
+    // queueing.
     constexpr int32_t kAhead = 16;
-    std::vector<uint32_t> keys;
-    keys.reserve(static_cast<size_t>(count - indexedCount_));
-    for (int32_t id = indexedCount_; id < count; ++id) {
-        const Cell cell = cellOf(points[id]);
-        keys.push_back(keyOf(cell.x, cell.y, cell.z));
-    }
+    std::vector<uint32_t> keys(static_cast<size_t>(count - indexedCount_));
+    const int32_t first = indexedCount_;
+    tbb::parallel_for(tbb::blocked_range<int32_t>(first, count, 16384),
+                      [&](const tbb::blocked_range<int32_t>& ids) {
+                          for (int32_t id = ids.begin(); id != ids.end(); ++id) {
+                              const Cell cell = cellOf(points[id]);
+                              keys[static_cast<size_t>(id - first)] = keyOf(cell.x, cell.y, cell.z);
+                          }
+                      });
     const size_t mask = slots_.size() - 1;
     for (int32_t id = indexedCount_; id < count; ++id) {
         const auto at = static_cast<size_t>(id - indexedCount_);
