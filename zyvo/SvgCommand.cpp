@@ -152,12 +152,16 @@ ZStatus applySettings(const SvgRequest& request, const ZObject& svgNode) {
 // writers complain that there is nothing to export.
 ZStatus checkSomethingDrawn(const ZObject& svgNode, const SvgRequest& request) {
     ZStatus status;
-    const ZPlug shells = ZFnDependencyNode(svgNode).findPlug("numberOfShells", true, &status);
-    if (status && shells.asInt() == 0) {
+    const ZFnDependencyNode node(svgNode);
+    const ZPlug shells = node.findPlug("numberOfShells", true, &status);
+    if (!status || shells.asInt() > 0)
+        return status;
+    const ZPlug failed = node.findPlug("errorIndicator", true, &status);
+    if (status && failed.asBool())
+        reportError("The artwork " + request.file + " could not be read: nothing was written");
+    else if (status)
         reportError("The artwork " + request.file + " has no filled shape: nothing was written");
-        return ZStatus::kInvalidParameter;
-    }
-    return status;
+    return status ? ZStatus::kInvalidParameter : status;
 }
 
 ZStatus showFlatArtwork(const ZString& svgName) {

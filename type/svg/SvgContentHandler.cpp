@@ -48,6 +48,8 @@ const SvgContentHandler::Inherited& SvgContentHandler::parent() const {
 
 bool SvgContentHandler::startElement(const QString&, const QString&, const QString& qualifiedName,
                                      const QXmlAttributes& attributes) {
+    if (++m_depth > svgLimits::kMaxDepth)
+        return fail(SvgReadStatus::tooDeep);
     const std::string element = text(qualifiedName);
     if (element == "image") {
         m_artwork.issues.hasImages = true;
@@ -67,6 +69,7 @@ bool SvgContentHandler::startElement(const QString&, const QString&, const QStri
 }
 
 bool SvgContentHandler::endElement(const QString&, const QString&, const QString& qualifiedName) {
+    --m_depth;
     if (qualifiedName == QLatin1String("g") && !m_groups.empty())
         m_groups.pop_back();
     else if (qualifiedName == QLatin1String("style"))
@@ -81,7 +84,12 @@ bool SvgContentHandler::characters(const QString& chunk) {
 }
 
 QString SvgContentHandler::errorString() const {
-    return QStringLiteral("Unexpected number of points for SVG path.");
+    return QStringLiteral("The SVG handler stopped the reader");
+}
+
+bool SvgContentHandler::fail(SvgReadStatus status) {
+    m_failure = status;
+    return false;
 }
 
 void SvgContentHandler::readSvgElement(const QXmlAttributes& attributes) {
@@ -179,12 +187,21 @@ std::optional<std::vector<Contour>> SvgContentHandler::outlinesOf(const std::str
 }
 
 bool SvgContentHandler::readShape(const std::string& element, const QXmlAttributes& attributes) {
+    for (const char* data : {"d", "points"}) {
+        if (attributes.value(QLatin1String(data)).size() > svgLimits::kMaxPathText)
+            return fail(SvgReadStatus::tooLarge);
+    }
     ElementState state = stateOf(attributes);
     std::optional<std::vector<Contour>> outlines = outlinesOf(element, attributes);
-    if (!outlines) {
-        m_pathCountFailed = true;
-        return false;
-    }
+    if (!outlines)
+        return fail(SvgReadStatus::pathCountError);
+    std::size_t points = 0;
+    for (const Contour& outline : *outlines)
+        points += outline.size();
+    m_points += points;
+    if (m_points > svgLimits::kMaxPoints ||
+        static_cast<double>(outlines->size()) * static_cast<double>(points) > svgLimits::kMaxNestingWork)
+        return fail(SvgReadStatus::tooLarge);
     const Inherited& inherited = state.inherited;
     if (inherited.hidden || inherited.noFill)
         return true;

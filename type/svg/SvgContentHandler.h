@@ -29,7 +29,8 @@ public:
     bool characters(const QString& text) override;
     QString errorString() const override;
 
-    bool pathCountFailed() const { return m_pathCountFailed; }
+    // Why the handler stopped the reader, when it did.
+    std::optional<SvgReadStatus> failure() const { return m_failure; }
     SvgArtwork takeArtwork() { return std::move(m_artwork); }
 
 private:
@@ -53,6 +54,7 @@ private:
     void checkPresentation(std::string_view name, std::string_view value);
     void readSvgElement(const QXmlAttributes& attributes);
     bool readShape(const std::string& element, const QXmlAttributes& attributes);
+    bool fail(SvgReadStatus status);
     std::optional<std::vector<Contour>> outlinesOf(const std::string& element,
                                                    const QXmlAttributes& attributes) const;
 
@@ -61,7 +63,9 @@ private:
     std::vector<Inherited> m_groups;
     std::string m_styleSheet;
     bool m_inStyle = false;
-    bool m_pathCountFailed = false;
+    std::optional<SvgReadStatus> m_failure;
+    std::size_t m_points = 0;
+    int m_depth = 0;
 };
 
 } // namespace type

@@ -3,6 +3,7 @@
 #include "plugin/TypeMessages.h"
 #include "svg/SvgCaps.h"
 #include "svg/SvgMesh.h"
+#include "svg/SvgMessages.h"
 #include "svg/SvgNode.h"
 #include "svg/SvgReader.h"
 #include "svg/SvgSample.h"
@@ -172,6 +173,14 @@ ZStatus svgNode::compute(const ZPlug& plug, ZDataBlock& block) {
             break;
         case SvgReadStatus::pathCountError:
             showError(messages::text(messages::kSVGNbPointsError));
+            out.failed = true;
+            break;
+        case SvgReadStatus::tooLarge:
+            showError(messages::text(svgMessages::kSVGTooLarge));
+            out.failed = true;
+            break;
+        case SvgReadStatus::tooDeep:
+            showError(messages::text(svgMessages::kSVGTooDeep));
             out.failed = true;
             break;
         }

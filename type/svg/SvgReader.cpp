@@ -18,7 +18,7 @@ SvgReadResult readSvg(const QByteArray& document, const SvgReadSettings& setting
     source.setData(document);
     SvgReadResult result;
     if (!reader.parse(&source, false)) {
-        result.status = handler.pathCountFailed() ? SvgReadStatus::pathCountError : SvgReadStatus::parseError;
+        result.status = handler.failure().value_or(SvgReadStatus::parseError);
         return result;
     }
     result.artwork = handler.takeArtwork();

@@ -140,6 +140,22 @@ TEST_F(SvgNodeEvaluation, FilesThatCannotBeReadAreReported) {
     EXPECT_FALSE(plug(svgNode::errorIndicator).asBool());
 }
 
+TEST_F(SvgNodeEvaluation, FiftyMegabyteFileIsRefusedWithAMessage) {
+    QTemporaryDir folder;
+    QFile file(folder.filePath("large.svg"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const QByteArray rect = "<rect x=\"1\" y=\"2\" width=\"3\" height=\"4\"/>\n";
+    file.write("<svg>");
+    file.write(rect.repeated((50 << 20) / rect.size()));
+    file.write("</svg>");
+    file.close();
+    ASSERT_TRUE(plug(svgNode::svgFilepath).setValue(ZString(file.fileName().toStdString())));
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(plug(svgNode::numberOfShells).asInt(), 0);
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("SVG artwork too large"));
+    EXPECT_TRUE(plug(svgNode::errorIndicator).asBool());
+}
+
 TEST_F(SvgNodeEvaluation, IssueWarningsAreShownAfterTheRead) {
     paste(R"svg(<svg width="4" height="4"><rect width="1" height="1" stroke="red"/></svg>)svg");
     ::testing::internal::CaptureStderr();

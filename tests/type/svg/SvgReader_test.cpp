@@ -115,18 +115,42 @@ TEST(SvgReader, NonFiniteCoordinatesLeaveNoOutline) {
     EXPECT_EQ(outlines, 1u);
 }
 
-TEST(SvgReader, DeeplyNestedGroupsAreRead) {
+QByteArray nestedGroups(int depth) {
     QByteArray document = "<svg>";
-    for (int i = 0; i < 20000; ++i)
+    for (int i = 0; i < depth; ++i)
         document += "<g transform=\"translate(1 0)\">";
     document += "<rect width=\"1\" height=\"1\"/>";
-    for (int i = 0; i < 20000; ++i)
+    for (int i = 0; i < depth; ++i)
         document += "</g>";
-    document += "</svg>";
-    const SvgReadResult result = readSvg(document, {});
-    ASSERT_EQ(result.status, SvgReadStatus::ok);
-    ASSERT_EQ(result.artwork.shapes.size(), 1u);
-    EXPECT_EQ(result.artwork.shapes[0].outlines[0][0], (Point2{20000.0, 0.0}));
+    return document + "</svg>";
+}
+
+TEST(SvgReader, NestingIsReadUpToItsLimitAndRefusedPastIt) {
+    // The svg element and the rect count as levels too.
+    const SvgReadResult deepest = readSvg(nestedGroups(svgLimits::kMaxDepth - 2), {});
+    ASSERT_EQ(deepest.status, SvgReadStatus::ok);
+    EXPECT_EQ(deepest.artwork.shapes[0].outlines[0][0], (Point2{svgLimits::kMaxDepth - 2.0, 0.0}));
+    EXPECT_EQ(readSvg(nestedGroups(svgLimits::kMaxDepth - 1), {}).status, SvgReadStatus::tooDeep);
+}
+
+TEST(SvgReader, MillionLevelsOfNestingAreRefusedWithoutRunningOutOfStack) {
+    EXPECT_EQ(readSvg(QByteArray("<svg>") + QByteArray("<g>").repeated(1000000), {}).status,
+              SvgReadStatus::tooDeep);
+}
+
+TEST(SvgReader, ArtworkPastThePointLimitIsRefused) {
+    QByteArray document = "<svg>";
+    const QByteArray rect = "<rect width=\"1\" height=\"1\"/>";
+    document += rect.repeated(static_cast<int>(svgLimits::kMaxPoints / 4));
+    EXPECT_EQ(readSvg(document + "</svg>", {}).status, SvgReadStatus::ok);
+    EXPECT_EQ(readSvg(document + rect + "</svg>", {}).status, SvgReadStatus::tooLarge);
+
+    const QByteArray longPath = "<svg><path d=\"M0 0" + QByteArray(" L1 1").repeated(2 << 20) + "\"/></svg>";
+    EXPECT_EQ(readSvg(longPath, {}).status, SvgReadStatus::tooLarge);
+    // Many contours in one shape would make hole nesting quadratic.
+    const QByteArray manySubpaths =
+        "<svg><path d=\"" + QByteArray("M0 0 L1 0 L1 1z ").repeated(20000) + "\"/></svg>";
+    EXPECT_EQ(readSvg(manySubpaths, {}).status, SvgReadStatus::tooLarge);
 }
 
 TEST(SvgIssues, WarningsComeInTheirFixedOrderWithASummary) {
