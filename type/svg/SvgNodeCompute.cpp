@@ -18,6 +18,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace type {
@@ -69,6 +70,23 @@ std::optional<QByteArray> sourceDocument(SvgSourceMode mode, const ZString& path
     return file.readAll();
 }
 
+// The error a failed read shows; none after a successful one.
+const ZStringResourceId* failureMessage(SvgReadStatus status) {
+    switch (status) {
+    case SvgReadStatus::ok:
+        return nullptr;
+    case SvgReadStatus::parseError:
+        return &messages::kSVGParseError;
+    case SvgReadStatus::pathCountError:
+        return &messages::kSVGNbPointsError;
+    case SvgReadStatus::tooLarge:
+        return &svgMessages::kSVGTooLarge;
+    case SvgReadStatus::tooDeep:
+        return &svgMessages::kSVGTooDeep;
+    }
+    return &messages::kSVGParseError;
+}
+
 // Everything the node writes, empty until a read succeeds.
 struct NodeOutputs {
     ZObject mesh;
@@ -81,10 +99,22 @@ struct NodeOutputs {
     bool failed = false;
 };
 
-class OutputWriter {
+// Reads and writes values of the node being computed. The first failing
+// host call is reported where it was made and ends the evaluation; later
+// calls do nothing.
+class NodeValues {
 public:
-    explicit OutputWriter(ZDataBlock& block)
+    explicit NodeValues(ZDataBlock& block)
         : m_block(block) {}
+
+    ZDataHandle input(const ZObject& attribute, SourceLine where = SourceLine::current()) {
+        if (!m_status)
+            return {};
+        ZStatus status;
+        ZDataHandle handle = m_block.inputValue(attribute, &status);
+        check(status, where);
+        return handle;
+    }
 
     void set(const ZObject& attribute, const ZObject& data, SourceLine where = SourceLine::current()) {
         if (!m_status)
@@ -123,20 +153,28 @@ private:
     ZStatus m_status;
 };
 
-SvgCapSettings capSettings(ZDataBlock& block) {
+// A setting that is no number leaves its default, as an unusable one would
+// otherwise spread through every point.
+double finiteOr(double value, double fallback) {
+    return std::isfinite(value) ? value : fallback;
+}
+
+SvgCapSettings capSettings(NodeValues& values) {
     SvgCapSettings settings;
-    settings.size = block.inputValue(svgNode::svgSize).asFloat();
-    settings.useArtboard = block.inputValue(svgNode::useArtboard).asBool();
-    settings.zOffset = block.inputValue(svgNode::zOffset).asFloat();
-    settings.thinning.enableDistanceFilter = block.inputValue(svgNode::enableDistanceFilter).asBool();
-    settings.thinning.pointDistanceFilter = block.inputValue(svgNode::pointDistanceFilter).asFloat();
-    settings.thinning.removeColinear = block.inputValue(svgNode::removeColinear).asBool();
-    settings.thinning.colinearAngle = block.inputValue(svgNode::colinearAngle).asFloat();
-    if (block.inputValue(svgNode::deformableType).asBool()) {
-        settings.subdivision = EdgeSubdivisionSettings{
-            std::clamp(block.inputValue(svgNode::maxDivisions).asInt(), 1, 100),
-            std::max<double>(block.inputValue(svgNode::maxEdgeLength).asFloat(), 0.01)};
-    }
+    settings.thinning.enableDistanceFilter = values.input(svgNode::enableDistanceFilter).asBool();
+    settings.thinning.removeColinear = values.input(svgNode::removeColinear).asBool();
+    const bool subdivide = values.input(svgNode::deformableType).asBool();
+    settings.useArtboard = values.input(svgNode::useArtboard).asBool();
+    settings.thinning.pointDistanceFilter =
+        finiteOr(values.input(svgNode::pointDistanceFilter).asFloat(), 0.2);
+    settings.thinning.colinearAngle = finiteOr(values.input(svgNode::colinearAngle).asFloat(), 0.2);
+    settings.zOffset = finiteOr(values.input(svgNode::zOffset).asFloat(), 0.001);
+    settings.size = finiteOr(values.input(svgNode::svgSize).asFloat(), 10.0);
+    const int maxDivisions = std::clamp(values.input(svgNode::maxDivisions).asInt(), 1, 100);
+    const double maxEdgeLength =
+        std::max(finiteOr(values.input(svgNode::maxEdgeLength).asFloat(), 5.0), 0.01);
+    if (subdivide)
+        settings.subdivision = EdgeSubdivisionSettings{maxDivisions, maxEdgeLength};
     return settings;
 }
 
@@ -146,46 +184,33 @@ ZStatus svgNode::compute(const ZPlug& plug, ZDataBlock& block) {
     if (!isOutput(plug.attribute()))
         return ZStatus::kUnknownParameter;
 
-    const ZString path = block.inputValue(svgFilepath).asString();
-    const ZString paste = block.inputValue(svgPaste).asString();
-    const auto mode = static_cast<SvgSourceMode>(block.inputValue(svgMode).asShort());
+    NodeValues values(block);
+    const ZString path = values.input(svgFilepath).asString();
+    const ZString paste = values.input(svgPaste).asString();
+    const auto mode = static_cast<SvgSourceMode>(values.input(svgMode).asShort());
     SvgReadSettings readSettings;
-    readSettings.legacy = block.inputValue(legacy2018).asBool();
-    readSettings.curveResolution = std::clamp(block.inputValue(curveResolution).asInt(), 1, 100);
-    const bool vertexColours = block.inputValue(displayVertexColours).asBool();
-    const SvgCapSettings settings = capSettings(block);
+    readSettings.legacy = values.input(legacy2018).asBool();
+    const bool vertexColours = values.input(displayVertexColours).asBool();
+    const SvgCapSettings settings = capSettings(values);
+    readSettings.curveResolution = std::clamp(values.input(curveResolution).asInt(), 1, 100);
+    if (!values.status())
+        return values.status();
 
     NodeOutputs out;
     std::vector<SvgShapeCap> caps;
     if (const std::optional<QByteArray> document = sourceDocument(mode, path, paste)) {
         const SvgReadResult read = readSvg(*document, readSettings);
-        switch (read.status) {
-        case SvgReadStatus::ok:
+        if (const ZStringResourceId* failure = failureMessage(read.status)) {
+            showError(messages::text(*failure));
+            out.failed = true;
+        } else {
+            reportIssues(read.artwork.issues);
             caps = planShapeCaps(read.artwork, settings);
             if (caps.empty()) {
                 showError(messages::text(messages::kTypeSVGNoValidInput));
                 out.failed = true;
             }
-            break;
-        case SvgReadStatus::parseError:
-            showError(messages::text(messages::kSVGParseError));
-            out.failed = true;
-            break;
-        case SvgReadStatus::pathCountError:
-            showError(messages::text(messages::kSVGNbPointsError));
-            out.failed = true;
-            break;
-        case SvgReadStatus::tooLarge:
-            showError(messages::text(svgMessages::kSVGTooLarge));
-            out.failed = true;
-            break;
-        case SvgReadStatus::tooDeep:
-            showError(messages::text(svgMessages::kSVGTooDeep));
-            out.failed = true;
-            break;
         }
-        if (read.status == SvgReadStatus::ok)
-            reportIssues(read.artwork.issues);
     } else {
         out.failed = true;
     }
@@ -204,34 +229,33 @@ ZStatus svgNode::compute(const ZPlug& plug, ZDataBlock& block) {
     for (const double count : out.shellsPerShape)
         shells += static_cast<std::int32_t>(count);
 
-    OutputWriter writer(block);
     ZStatus status;
-    writer.set(outputMesh, out.mesh);
-    writer.set(vertsPerChar, ZFnDoubleArrayData().create(ZDoubleArray(out.record.vertexTotals), &status));
-    writer.check(status, SourceLine::current());
-    writer.set(holeInfo, ZFnIntArrayData().create(ZIntArray(std::vector<int>(out.record.holeInfo.begin(),
+    values.set(outputMesh, out.mesh);
+    values.set(vertsPerChar, ZFnDoubleArrayData().create(ZDoubleArray(out.record.vertexTotals), &status));
+    values.check(status, SourceLine::current());
+    values.set(holeInfo, ZFnIntArrayData().create(ZIntArray(std::vector<int>(out.record.holeInfo.begin(),
                                                                              out.record.holeInfo.end())),
                                                   &status));
-    writer.check(status, SourceLine::current());
-    writer.setValue(numberOfShells, shells);
-    writer.set(solidsPerCharacter, ZFnDoubleArrayData().create(ZDoubleArray(out.shellsPerShape), &status));
-    writer.check(status, SourceLine::current());
-    writer.set(characterBoundingBoxesMin, ZFnVectorArrayData().create(out.boxMin, &status));
-    writer.check(status, SourceLine::current());
-    writer.set(characterBoundingBoxesMax, ZFnVectorArrayData().create(out.boxMax, &status));
-    writer.check(status, SourceLine::current());
-    writer.set(shellPositions, ZFnVectorArrayData().create(out.positions, &status));
-    writer.check(status, SourceLine::current());
-    writer.set(pathNames, ZFnStringArrayData().create(out.names, &status));
-    writer.check(status, SourceLine::current());
+    values.check(status, SourceLine::current());
+    values.setValue(numberOfShells, shells);
+    values.set(solidsPerCharacter, ZFnDoubleArrayData().create(ZDoubleArray(out.shellsPerShape), &status));
+    values.check(status, SourceLine::current());
+    values.set(characterBoundingBoxesMin, ZFnVectorArrayData().create(out.boxMin, &status));
+    values.check(status, SourceLine::current());
+    values.set(characterBoundingBoxesMax, ZFnVectorArrayData().create(out.boxMax, &status));
+    values.check(status, SourceLine::current());
+    values.set(shellPositions, ZFnVectorArrayData().create(out.positions, &status));
+    values.check(status, SourceLine::current());
+    values.set(pathNames, ZFnStringArrayData().create(out.names, &status));
+    values.check(status, SourceLine::current());
     if (mode == SvgSourceMode::paste) {
-        writer.set(pathNamesFromPaste, ZFnStringArrayData().create(out.names, &status));
-        writer.check(status, SourceLine::current());
+        values.set(pathNamesFromPaste, ZFnStringArrayData().create(out.names, &status));
+        values.check(status, SourceLine::current());
     }
-    writer.setValue(errorIndicator, out.failed);
+    values.setValue(errorIndicator, out.failed);
     for (const ZObject* output : kOutputs)
-        writer.setClean(*output);
-    return writer.status();
+        values.setClean(*output);
+    return values.status();
 }
 
 } // namespace type

@@ -4,7 +4,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <algorithm>
+#include <cmath>
 #include <gmock/gmock.h>
+#include <limits>
 
 namespace type::testing {
 namespace {
@@ -169,6 +171,20 @@ TEST_F(SvgNodeEvaluation, IssueWarningsAreShownAfterTheRead) {
     ASSERT_NE(summary, std::string::npos);
     EXPECT_LT(strokes, small);
     EXPECT_LT(small, summary);
+}
+
+TEST_F(SvgNodeEvaluation, SettingsThatAreNoNumbersKeepTheMeshFinite) {
+    paste(R"svg(<svg><rect width="10" height="10"/><circle cx="5" cy="5" r="3"/></svg>)svg");
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    for (const ZObject* setting : {&svgNode::zOffset, &svgNode::svgSize, &svgNode::pointDistanceFilter,
+                                   &svgNode::colinearAngle, &svgNode::maxEdgeLength})
+        ASSERT_TRUE(plug(*setting).setValue(nan));
+    ASSERT_TRUE(plug(svgNode::deformableType).setValue(true));
+    ASSERT_TRUE(plug(svgNode::removeColinear).setValue(true));
+    const std::vector<ZPoint> points = meshPoints();
+    ASSERT_FALSE(points.empty());
+    for (const ZPoint& p : points)
+        EXPECT_TRUE(std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z));
 }
 
 TEST_F(SvgNodeEvaluation, LegacyModeKeepsUnfilledShapes) {
