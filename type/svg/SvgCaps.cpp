@@ -2,7 +2,21 @@
 
 #include "svg/SvgPlacement.h"
 
+#include <algorithm>
+
 namespace type {
+
+namespace {
+
+bool overlapsItsFace(const CapFacePlan& plan) {
+    return std::any_of(plan.holes.begin(), plan.holes.end(), [&](const PlannedHole& hole) {
+        const BoundingBox& face = plan.faceBounds[hole.face];
+        return std::any_of(hole.points.begin(), hole.points.end(),
+                           [&](const Point2& p) { return !face.contains(p); });
+    });
+}
+
+} // namespace
 
 std::vector<SvgShapeCap> planShapeCaps(const SvgArtwork& artwork, const SvgCapSettings& settings) {
     const SvgPlacement placement = placeArtwork(artwork, settings.size, settings.useArtboard);
@@ -23,6 +37,7 @@ std::vector<SvgShapeCap> planShapeCaps(const SvgArtwork& artwork, const SvgCapSe
         SvgShapeCap cap{planCapFaces(std::move(outlines), settings.thinning, subdivision),
                         static_cast<double>(k) * settings.zOffset, shape.fill,
                         shape.id.empty() ? shape.element + std::to_string(k) : shape.id};
+        cap.holeOverlapsFace = overlapsItsFace(cap.plan);
         if (!cap.plan.faces.empty())
             caps.push_back(std::move(cap));
     }

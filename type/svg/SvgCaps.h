@@ -24,6 +24,9 @@ struct SvgShapeCap {
     double z = 0.0;
     std::optional<Colour> fill;
     std::string name;
+    // A hole reaches out of the face it was cut into: nesting attaches a
+    // hole by its first point, so the mesh cannot show it as drawn.
+    bool holeOverlapsFace = false;
 };
 
 // Places every shape of the artwork (one `zOffset` further forward per shape,

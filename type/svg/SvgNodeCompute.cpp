@@ -13,6 +13,7 @@
 #include <OpenZyvo/ZFnIntArrayData.h>
 #include <OpenZyvo/ZFnStringArrayData.h>
 #include <OpenZyvo/ZFnVectorArrayData.h>
+#include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZPxCommand.h>
 #include <QFile>
@@ -206,6 +207,9 @@ ZStatus svgNode::compute(const ZPlug& plug, ZDataBlock& block) {
         } else {
             reportIssues(read.artwork.issues);
             caps = planShapeCaps(read.artwork, settings);
+            if (std::any_of(caps.begin(), caps.end(),
+                            [](const SvgShapeCap& cap) { return cap.holeOverlapsFace; }))
+                ZGlobal::displayWarning(messages::text(messages::kSVGOverlapholes));
             if (caps.empty()) {
                 showError(messages::text(messages::kTypeSVGNoValidInput));
                 out.failed = true;

@@ -12,6 +12,7 @@ namespace type::testing {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class SvgNodeEvaluation : public SvgNodeTest {};
 
@@ -89,6 +90,20 @@ TEST_F(SvgNodeEvaluation, HoleOfAShapeIsCutIntoItsFace) {
     EXPECT_EQ(strings(svgNode::pathNames), std::vector<std::string>{"ring"});
     EXPECT_EQ(ints(svgNode::holeInfo), (std::vector<int>{0, 4, 4}));
     EXPECT_EQ(mesh().numPolygons(), 1);
+}
+
+TEST_F(SvgNodeEvaluation, HoleReachingOutOfItsFaceIsReported) {
+    // The inner strip starts inside the square and runs out of its bottom.
+    paste(R"svg(<svg><path d="M0 0H30V30H0Z M10 10H20V40H10Z"/></svg>)svg");
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(plug(svgNode::numberOfShells).asInt(), 1);
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(),
+                HasSubstr("Not fully contained holes are not supported."));
+
+    paste(R"svg(<svg><path d="M0 0H30V30H0Z M10 10H20V20H10Z"/></svg>)svg");
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(plug(svgNode::numberOfShells).asInt(), 1);
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(), Not(HasSubstr("Not fully contained")));
 }
 
 struct BrokenInput {
