@@ -23,8 +23,9 @@ double readNumber(std::string_view text, std::size_t& pos);
 // Every number of a list such as "12,5 7,5 7,0"; separators are skipped.
 std::vector<double> readNumbers(std::string_view text);
 
-// A geometry attribute such as width="38px": the leading number as the C
-// library reads it, 0 when there is none.
+// A geometry attribute such as width="38px": the leading number, read as
+// the C library reads it in the C locale (here an exponent scales by a
+// power of ten), 0 when there is none.
 double readAttributeNumber(std::string_view text);
 
 } // namespace type
