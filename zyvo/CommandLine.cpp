@@ -115,6 +115,7 @@ std::optional<int> parseCommandLine(int argc, char** argv, CommandLine& line) {
     addPython(app, line);
     addExport(app, line);
     addTextCommand(app, line.textRequest, [&line] { line.action = CommandLine::Action::Text; });
+    addSvgCommand(app, line.svgRequest, [&line] { line.action = CommandLine::Action::Svg; });
     try {
         app.parse(argc, argv);
         const auto chosen = app.get_subcommands();

@@ -2,6 +2,7 @@
 
 #include "ExportJob.h"
 #include "Host.h"
+#include "SvgCommand.h"
 #include "TextCommand.h"
 
 #include <optional>
@@ -11,7 +12,7 @@
 namespace zyvo {
 
 struct CommandLine {
-    enum class Action { Run, Python, Export, Text, ListFonts };
+    enum class Action { Run, Python, Export, Text, ListFonts, Svg };
 
     HostOptions host;
     Action action = Action::Run;
@@ -21,6 +22,7 @@ struct CommandLine {
     std::string scene;                   // export --scene
     ExportRequest exportRequest;
     TextRequest textRequest;
+    SvgRequest svgRequest;
 };
 
 // Reads the command line. Returns the exit code when the program is done

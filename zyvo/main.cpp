@@ -30,6 +30,8 @@ ZStatus perform(const zyvo::CommandLine& line, zyvo::Host& host) {
         return zyvo::runExport(line.exportRequest, host);
     case Action::Text:
         return zyvo::runText(line.textRequest, host);
+    case Action::Svg:
+        return zyvo::runSvg(line.svgRequest, host);
     case Action::ListFonts:
         return zyvo::listFonts();
     }

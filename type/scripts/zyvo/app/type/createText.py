@@ -77,6 +77,15 @@ def _build(created):
     cmds.connectAttr(transform + ".message", text + ".transformMessage")
     cmds.connectAttr(shape + ".message", text + ".remeshMessage")
 
+    addMaterials(make, extrude, shape)
+
+    return [text, extrude, animation, adjust, transform, shape]
+
+
+def addMaterials(make, extrude, shape):
+    """Gives the cap, bevel and extrusion faces of the typeExtrude node's
+    solid, shown by `shape`, a shader and shading group each; `make`
+    creates (and remembers) a node."""
     for attribute, shaderName, groupName, colour in _MATERIAL_PARTS:
         groupId = make("groupId")
         cmds.setAttr(groupId + ".groupId", nextFreeGroupId())
@@ -86,5 +95,3 @@ def _build(created):
         shadingGroup = make("shadingEngine", n=groupName)
         cmds.connectAttr(shader + ".outColor", shadingGroup + ".surfaceShader")
         cmds.assignShaderToType(gr=groupId, sg=shadingGroup, me=shape)
-
-    return [text, extrude, animation, adjust, transform, shape]

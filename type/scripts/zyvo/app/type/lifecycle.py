@@ -2,11 +2,12 @@
 
 import zyvo
 
-from zyvo.app.type import createText, extruderGroupIds, textInput, toolValues
+from zyvo.app.type import createSvg, createText, extruderGroupIds, textInput, toolValues
 
 # Procedures the plug-in's nodes, tools and menus call by name.
 PROCEDURES = {
     "typeCreateText": createText.typeCreateText,
+    "typeCreateSvg": createSvg.typeCreateSvg,
     "createExtruderGroupIds": extruderGroupIds.createExtruderGroupIds,
     "typeTRSToolValues": toolValues.typeTRSToolValues,
     "typeSetText": textInput.typeSetText,
