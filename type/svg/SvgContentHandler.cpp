@@ -210,8 +210,9 @@ bool SvgContentHandler::readShape(const std::string& element, const QXmlAttribut
         for (Point2& p : outline)
             p = inherited.transform.apply(p);
         // A coordinate that overflowed or was not a number leaves nothing
-        // that can be meshed; the rest of the shape still can be.
-        if (finite(outline))
+        // that can be meshed, and neither does an element without points;
+        // the rest of the shape still can be.
+        if (!outline.empty() && finite(outline))
             shape.outlines.push_back(std::move(outline));
     }
     m_artwork.shapes.push_back(std::move(shape));

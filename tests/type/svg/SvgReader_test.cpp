@@ -115,6 +115,13 @@ TEST(SvgReader, NonFiniteCoordinatesLeaveNoOutline) {
     EXPECT_EQ(outlines, 1u);
 }
 
+TEST(SvgReader, PolygonWithoutPointsLeavesNoEmptyOutline) {
+    const SvgReadResult result = read("<polygon/><polyline points=\"\"/><path d=\"\"/>");
+    ASSERT_EQ(result.status, SvgReadStatus::ok);
+    for (const SvgShape& shape : result.artwork.shapes)
+        EXPECT_TRUE(shape.outlines.empty()) << shape.element;
+}
+
 QByteArray nestedGroups(int depth) {
     QByteArray document = "<svg>";
     for (int i = 0; i < depth; ++i)
