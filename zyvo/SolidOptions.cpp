@@ -25,7 +25,7 @@ std::optional<float> asFloat(const std::optional<double>& value) {
 } // namespace
 
 void addSolidOptions(CLI::App& text, SolidRequest& request) {
-    CLI::Option* flat = text.add_flag("--flat", request.flat, "Write the flat text instead of the solid");
+    CLI::Option* flat = text.add_flag("--flat", request.flat, "Write the flat mesh instead of the solid");
     const auto solidOption = [&](CLI::Option* option) {
         option->excludes(flat);
     };
