@@ -215,9 +215,9 @@ TEST_F(FontNodeEvaluation, StoresManipulatorEditsPerElement) {
     EXPECT_EQ(vectors(fontNode::manipulatorWordPositionsPP).size(), 2u);
     EXPECT_EQ(vectors(fontNode::manipulatorLineScalesPP).size(), 1u);
 
-    // Character 3 is the first "o", in the second word.
+    // In Word mode the id counts words: word 1 is "mom".
     ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Word)));
-    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(3));
+    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(1));
     setTriple(fontNode::positionAdjust, 4, 5, 6);
     EXPECT_THAT(vectors(fontNode::manipulatorWordPositionsPP), ElementsAre(ZVector(), ZVector(4, 5, 6)));
     EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[2], ZVector(1, 2, 3)) << "character edits are kept";
@@ -226,7 +226,7 @@ TEST_F(FontNodeEvaluation, StoresManipulatorEditsPerElement) {
     EXPECT_EQ(plug(fontNode::manipulatePolygon).asInt(), 3) << "the word's first shell";
 
     // A shorter text cuts the stored edits to its characters and words; the
-    // edit, still in place, now lands on the last character's word.
+    // edit, still in place, now lands on the last word.
     setText("Hi");
     EXPECT_THAT(vectors(fontNode::manipulatorPositionsPP), ElementsAre(ZVector(), ZVector()));
     EXPECT_THAT(vectors(fontNode::manipulatorWordPositionsPP), ElementsAre(ZVector(4, 5, 6)));
