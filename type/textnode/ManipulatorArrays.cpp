@@ -55,7 +55,7 @@ std::optional<ManipulatorPlacement> applyManipulatorEdit(ManipulatorArrays& arra
         counts = grouping.perLine;
     }
     const std::size_t element = clamped(edit.id, counts.size());
-    if (element < level->positions.length())
+    if (edit.store && element < counts.size() && element < level->positions.length())
         store(*level, element, edit);
 
     const std::size_t firstShell = shellsBefore(counts, element);

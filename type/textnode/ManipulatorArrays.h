@@ -32,6 +32,9 @@ struct ManipulatorEdit {
     ZVector position;
     ZVector rotation;
     ZVector scale;
+    // Whether the values changed since they were last stored; a new mode or
+    // id alone brings no values for the element.
+    bool store = true;
 };
 
 // What the node publishes for the manipulator after an edit: the edited
@@ -47,9 +50,9 @@ struct ManipulatorPlacement {
 // Fits the arrays to the current text and stores the edit in them:
 // character-level arrays get one entry per character with shells; when there
 // are any, the word- and line-level arrays get one per word and line. Longer
-// arrays are cut and new entries are zero vectors. The edit goes to element
-// `edit.id` of its mode (clamped to the elements of the mode), when that
-// element has an entry.
+// arrays are cut and new entries are zero vectors. An edit to store goes to
+// element `edit.id` of its mode (clamped to the elements of the mode), when
+// that element has an entry.
 //
 // The placement needs the character boxes of the last full evaluation
 // (`characterBoxes` of them); when their count does not match the characters,
