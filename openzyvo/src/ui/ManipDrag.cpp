@@ -29,7 +29,10 @@ ZStatus drag(ZPxManipContainer& container, ManipKind kind, ZDGModifier& modifier
         return changed;
     if (const ZStatus pushed = state.pushToPlugs(modifier); !pushed)
         return pushed;
-    return modifier.doIt();
+    if (const ZStatus done = modifier.doIt(); !done)
+        return done;
+    // As a redraw would: the handles show what the plugs now hold.
+    return state.pullFromPlugs();
 }
 
 bool finite(const ZVector& v) {
