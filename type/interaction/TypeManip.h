@@ -14,7 +14,7 @@ struct ElementBox;
 // the character, word or line of a type node that "manipulateId" and
 // "manipulatorMode" name. The move handle stands at the centre of the
 // element's box plus its offset, in world space; the scale handle's factors
-// are the stored scales, which count from 1.
+// are the stored scales plus 1 (a stored scale of 0 leaves the element as it is).
 class typeManip : public ZPxManipContainer {
 public:
     static constexpr unsigned int kTypeId = 0x11BE17;

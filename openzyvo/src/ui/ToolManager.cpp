@@ -16,8 +16,10 @@ void putToolAway(void*) {
 } // namespace
 
 ToolManager& ToolManager::instance() {
-    static ToolManager manager;
-    return manager;
+    // Never destroyed: at exit the contexts' code (a plug-in's) and the graph
+    // their manipulators live in may be gone already.
+    static ToolManager* manager = new ToolManager;
+    return *manager;
 }
 
 ToolManager::ToolManager() {
