@@ -1,5 +1,7 @@
 #include "ui/ViewCamera.h"
 
+#include "core/CameraBasis.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -15,13 +17,10 @@ struct Frame {
 
 Frame frameOf(const ViewCamera& camera) {
     Frame frame;
-    frame.forward = (camera.aim - camera.position).normal();
-    // Looking along the Y axis, "up" falls back to the Z axis (-Z looking
-    // down) so that X stays to the right.
-    const ZVector worldUp =
-        std::abs(frame.forward.y) > 0.999999 ? ZVector(0.0, 0.0, frame.forward.y) : ZVector(0.0, 1.0, 0.0);
-    frame.right = (frame.forward ^ worldUp).normal();
-    frame.up = frame.right ^ frame.forward;
+    const CameraBasis basis = cameraBasis(camera.position - camera.aim);
+    frame.forward = -basis.back;
+    frame.right = basis.right;
+    frame.up = basis.up;
     const double aspect = static_cast<double>(camera.height) / static_cast<double>(camera.width);
     frame.halfWidth = camera.orthographic ? camera.orthographicWidth / 2.0
                                           : std::tan(camera.horizontalFieldOfView * std::numbers::pi / 360.0);

@@ -6,8 +6,8 @@
 
 namespace oz::ui {
 
-// A camera looking from `position` at `aim`, with the world's Y axis up (Z
-// when it looks straight up or down), over a port of `width` x `height`
+// A camera looking from `position` at `aim`, with the world's Y axis up (see
+// cameraBasis for a camera looking straight up or down), over a port of `width` x `height`
 // pixels. Perspective cameras use the horizontal field of view; orthographic
 // ones show `orthographicWidth` scene units across.
 struct ViewCamera {
