@@ -8,6 +8,7 @@
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZPxContextCommand.h>
 #include <OpenZyvo/ZStringArray.h>
+#include <OpenZyvoUI/Z3dView.h>
 #include <OpenZyvoUI/ZPxSelectionContext.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -121,6 +122,23 @@ TEST_F(Tools, AClickSelectsTheMeshUnderItAndGivesTheToolItsRay) {
     EXPECT_EQ(g_events.back(), "selected") << "the selection and no click, as before";
     ASSERT_TRUE(run("redo"));
     EXPECT_EQ(g_events.back(), "selected |right x4");
+}
+
+TEST_F(Tools, TheViewMapsViewPointsAndWorldPointsBothWays) {
+    ASSERT_TRUE(
+        run("viewCamera -orthographic false -horizontalFieldOfView 60 -portSize 320 200 -position 4 5 6 "
+            "-aim 0 1 -2"));
+    const Z3dView view = Z3dView::active3dView();
+    EXPECT_EQ(view.portWidth(), 320);
+    EXPECT_EQ(view.portHeight(), 200);
+    ZPoint source;
+    ZVector direction;
+    ASSERT_TRUE(view.viewToWorld(40, 170, source, direction));
+    short x = 0, y = 0;
+    ASSERT_TRUE(view.worldToView(source + direction * 25.0, x, y));
+    EXPECT_EQ(x, 40);
+    EXPECT_EQ(y, 170);
+    EXPECT_FALSE(view.worldToView(ZPoint(8, 9, 14), x, y)) << "behind the camera";
 }
 
 TEST_F(Tools, ADegenerateCameraOrAMissingToolIsAnError) {
