@@ -49,6 +49,9 @@ protected:
     void SetUp() override {
         TypePluginTest::SetUp();
         ASSERT_TRUE(run("typeCreateText"));
+        // The solid's first evaluation queues the creation of its vertex
+        // group ids; done here, it is no undo step of the user's.
+        ASSERT_EQ(number("polyEvaluate -s typeMesh1Shape"), 6);
         m_tool = text("typeManipContextCommand");
         ASSERT_FALSE(m_tool.empty());
     }
@@ -214,6 +217,16 @@ TEST_F(TypeManipTool, TheToolNamesItselfAndGoesAwayWithThePlugin) {
     ZFileIO::newFile(true);
     EXPECT_TRUE(run("unloadPlugin Type"));
     EXPECT_FALSE(run("setToolTo " + m_tool)) << "the context went with its command";
+}
+
+// The group ids a new solid queues for its characters were made with
+// createNode, which selected each: the tool then lost the text it was on.
+TEST_F(TypeManipTool, TheSolidsFirstEvaluationKeepsTheSelection) {
+    ASSERT_TRUE(run("typeCreateText"));
+    ASSERT_TRUE(run("select typeMesh2"));
+    ASSERT_TRUE(run("setToolTo " + m_tool));
+    EXPECT_THAT(texts("ls -sl"), ElementsAre("typeMesh2"));
+    EXPECT_EQ(texts("ls -type typeManip").size(), 1u);
 }
 
 } // namespace
