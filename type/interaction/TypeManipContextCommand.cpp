@@ -1,5 +1,7 @@
 #include "interaction/TypeManipContextCommand.h"
 
+#include "interaction/TypeManipContext.h"
+
 namespace type {
 
 void* typeManipContextCommand::creator() {
@@ -7,7 +9,7 @@ void* typeManipContextCommand::creator() {
 }
 
 ZPxContext* typeManipContextCommand::makeObj() {
-    return nullptr;
+    return new typeManipContext;
 }
 
 } // namespace type

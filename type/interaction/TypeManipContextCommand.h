@@ -12,8 +12,6 @@ public:
 
     static void* creator();
 
-    // The host offers plug-ins no base for their tool contexts yet, so no
-    // context can be made: the host reports that the command made none.
     ZPxContext* makeObj() override;
 };
 

@@ -4,6 +4,7 @@
 #include "plugin/LegacyFileRead.h"
 
 #include <OpenZyvo/ZMessage.h>
+#include <OpenZyvo/ZPlug.h>
 
 namespace type {
 
@@ -28,6 +29,15 @@ void fontNode::postConstructor() {
         return;
     }
     m_callbackIds.append(id);
+}
+
+// A new value of an adjust attribute is an edit to store; a new mode or
+// element alone is not, or its old values would land on the new element.
+ZStatus fontNode::setDependentsDirty(const ZPlug& plug, ZPlugArray&) {
+    const ZPlug whole = plug.isChild() ? plug.parent() : plug;
+    if (whole == positionAdjust || whole == rotationAdjust || whole == scaleAdjust)
+        m_compute.adjustmentEdited();
+    return ZStatus::kSuccess;
 }
 
 ZPxNode::SchedulingType fontNode::schedulingType() const {

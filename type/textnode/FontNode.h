@@ -37,6 +37,7 @@ public:
 
     void postConstructor() override;
     ZStatus compute(const ZPlug& plug, ZDataBlock& block) override;
+    ZStatus setDependentsDirty(const ZPlug& plug, ZPlugArray& affected) override;
     // The host never evaluates two type nodes at once.
     SchedulingType schedulingType() const override;
 

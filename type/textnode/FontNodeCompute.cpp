@@ -28,6 +28,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <iostream>
+#include <utility>
 #include <vector>
 
 namespace type {
@@ -424,6 +425,7 @@ ZStatus FontNodeCompute::computeManipulatorTransforms(ZDataBlock& block) {
     ManipulatorEdit edit;
     edit.mode = static_cast<ManipulatorMode>(values.stored(fontNode::manipulatorMode).asShort());
     edit.id = values.stored(fontNode::manipulateId).asInt();
+    edit.store = std::exchange(m_adjustmentEdited, false);
     std::optional<FontMessage> unusable;
     const auto adjustment = [&](const ZObject& attribute) {
         const std::array<double, 3> value = values.input(attribute).asDouble3();

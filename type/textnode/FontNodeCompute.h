@@ -45,6 +45,9 @@ class FontNodeCompute {
 public:
     ZStatus compute(const ZObject& node, const ZPlug& plug, ZDataBlock& block);
 
+    // An adjust attribute changed: the next manipulator evaluation stores the edit.
+    void adjustmentEdited() { m_adjustmentEdited = true; }
+
     // Glyph outlines this node has decomposed since it was created.
     std::size_t glyphDecompositions() const { return m_glyphs.decompositions(); }
 
@@ -69,6 +72,7 @@ private:
     // Characters with a box at the last full evaluation; the manipulator is
     // placed only while the stored character edits match them.
     std::size_t m_characterBoxes = 0;
+    bool m_adjustmentEdited = false;
 };
 
 } // namespace type

@@ -6,22 +6,6 @@ namespace type {
 
 namespace {
 
-// Counts are whole numbers stored as doubles; anything below 1 holds no shell.
-std::size_t countOf(double value) {
-    return value >= 1.0 ? static_cast<std::size_t>(value) : 0;
-}
-
-std::optional<ShellGroup> groupHolding(std::span<const double> counts, std::size_t shell) {
-    std::size_t start = 0;
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        const std::size_t count = countOf(counts[i]);
-        if (shell < start + count)
-            return ShellGroup{i, start};
-        start += count;
-    }
-    return std::nullopt;
-}
-
 void fit(StoredTransforms& transforms, std::size_t count) {
     const auto length = static_cast<unsigned int>(count);
     transforms.positions.setLength(length);
@@ -37,10 +21,10 @@ void store(StoredTransforms& transforms, std::size_t index, const ManipulatorEdi
     transforms.scales.set(edit.scale, at);
 }
 
-std::size_t clampedCharacter(int id, std::size_t characters) {
-    if (id <= 0 || characters == 0)
+std::size_t clamped(int id, std::size_t count) {
+    if (id <= 0 || count == 0)
         return 0;
-    return std::min(static_cast<std::size_t>(id), characters - 1);
+    return std::min(static_cast<std::size_t>(id), count - 1);
 }
 
 int indexOf(const std::optional<ShellGroup>& group) {
@@ -48,16 +32,6 @@ int indexOf(const std::optional<ShellGroup>& group) {
 }
 
 } // namespace
-
-CharacterGroups groupsOfCharacter(const ShellGrouping& grouping, std::size_t character) {
-    CharacterGroups groups;
-    const std::size_t before = std::min(character, grouping.perCharacter.size());
-    for (std::size_t i = 0; i < before; ++i)
-        groups.firstShell += countOf(grouping.perCharacter[i]);
-    groups.word = groupHolding(grouping.perWord, groups.firstShell);
-    groups.line = groupHolding(grouping.perLine, groups.firstShell);
-    return groups;
-}
 
 std::optional<ManipulatorPlacement> applyManipulatorEdit(ManipulatorArrays& arrays,
                                                          const ShellGrouping& grouping,
@@ -70,28 +44,27 @@ std::optional<ManipulatorPlacement> applyManipulatorEdit(ManipulatorArrays& arra
         fit(arrays.lines, grouping.perLine.size());
     }
 
-    const std::size_t character = clampedCharacter(edit.id, characters);
-    const CharacterGroups groups = groupsOfCharacter(grouping, character);
-    ManipulatorPlacement placement{static_cast<int>(character), indexOf(groups.word), indexOf(groups.line),
-                                   static_cast<int>(groups.firstShell)};
-    switch (edit.mode) {
-    case ManipulatorMode::Character:
-        if (character < characters)
-            store(arrays.characters, character, edit);
-        break;
-    case ManipulatorMode::Word:
-        if (groups.word) {
-            store(arrays.words, groups.word->index, edit);
-            placement.firstShell = static_cast<int>(groups.word->firstShell);
-        }
-        break;
-    case ManipulatorMode::Line:
-        if (groups.line) {
-            store(arrays.lines, groups.line->index, edit);
-            placement.firstShell = static_cast<int>(groups.line->firstShell);
-        }
-        break;
+    // "manipulateId" counts elements of the mode: characters, words or lines.
+    StoredTransforms* level = &arrays.characters;
+    std::span<const double> counts = grouping.perCharacter;
+    if (edit.mode == ManipulatorMode::Word) {
+        level = &arrays.words;
+        counts = grouping.perWord;
+    } else if (edit.mode == ManipulatorMode::Line) {
+        level = &arrays.lines;
+        counts = grouping.perLine;
     }
+    const std::size_t element = clamped(edit.id, counts.size());
+    if (edit.store && element < counts.size() && element < level->positions.length())
+        store(*level, element, edit);
+
+    const std::size_t firstShell = shellsBefore(counts, element);
+    const std::size_t character = edit.mode == ManipulatorMode::Character
+                                      ? clamped(edit.id, characters)
+                                      : characterAtShell(grouping, firstShell);
+    const CharacterGroups groups = groupsOfCharacter(grouping, character);
+    const ManipulatorPlacement placement{static_cast<int>(character), indexOf(groups.word),
+                                         indexOf(groups.line), static_cast<int>(firstShell)};
     if (characterBoxes != arrays.characters.positions.length())
         return std::nullopt;
     return placement;

@@ -1,15 +1,13 @@
 #pragma once
 
+#include "shells/ShellGrouping.h"
+
 #include <OpenZyvo/ZVector.h>
 #include <OpenZyvo/ZVectorArray.h>
 #include <cstddef>
 #include <optional>
-#include <span>
 
 namespace type {
-
-// Values of the node's "manipulatorMode" enumeration.
-enum class ManipulatorMode : int { Character = 0, Word = 1, Line = 2 };
 
 // The stored edits of one level: offsets, rotations in degrees, and scales as
 // offsets from 1 (so a new, zero entry leaves the element as it is).
@@ -26,37 +24,17 @@ struct ManipulatorArrays {
     StoredTransforms lines;
 };
 
-// The node's shell counts: solidsPerCharacter, solidsPerWord, solidsPerLine.
-struct ShellGrouping {
-    std::span<const double> perCharacter;
-    std::span<const double> perWord;
-    std::span<const double> perLine;
-};
-
-// A word or line and the index of its first shell.
-struct ShellGroup {
-    std::size_t index = 0;
-    std::size_t firstShell = 0;
-};
-
-// Where character `character` stands: its first shell, and the word and line
-// that hold it (nothing when none does), found by walking the running sums of
-// the grouping arrays as the deformers do.
-struct CharacterGroups {
-    std::size_t firstShell = 0;
-    std::optional<ShellGroup> word;
-    std::optional<ShellGroup> line;
-};
-CharacterGroups groupsOfCharacter(const ShellGrouping& grouping, std::size_t character);
-
-// The edit the manipulator made: "manipulateId" (a character index), the mode,
-// and "positionAdjust", "rotationAdjust", "scaleAdjust".
+// The edit the manipulator made: "manipulateId" (the index of a character,
+// word or line, by the mode), the mode, and "positionAdjust", "rotationAdjust", "scaleAdjust".
 struct ManipulatorEdit {
     ManipulatorMode mode = ManipulatorMode::Word;
     int id = 0;
     ZVector position;
     ZVector rotation;
     ZVector scale;
+    // Whether the values changed since they were last stored; a new mode or
+    // id alone brings no values for the element.
+    bool store = true;
 };
 
 // What the node publishes for the manipulator after an edit: the edited
@@ -72,9 +50,9 @@ struct ManipulatorPlacement {
 // Fits the arrays to the current text and stores the edit in them:
 // character-level arrays get one entry per character with shells; when there
 // are any, the word- and line-level arrays get one per word and line. Longer
-// arrays are cut and new entries are zero vectors. The edit goes to the
-// element of its mode that holds character `edit.id` (clamped to the
-// characters), when that element has an entry.
+// arrays are cut and new entries are zero vectors. An edit to store goes to
+// element `edit.id` of its mode (clamped to the elements of the mode), when
+// that element has an entry.
 //
 // The placement needs the character boxes of the last full evaluation
 // (`characterBoxes` of them); when their count does not match the characters,

@@ -4,6 +4,7 @@
 #include <OpenZyvo/ZCommandResult.h>
 #include <OpenZyvo/ZDoubleArray.h>
 #include <OpenZyvo/ZIntArray.h>
+#include <OpenZyvo/ZSelectionList.h>
 #include <OpenZyvo/ZStatus.h>
 #include <OpenZyvo/ZString.h>
 #include <OpenZyvo/ZStringArray.h>
@@ -55,6 +56,9 @@ public:
     static ZString executePythonCommandStringResult(const ZString& command, bool displayEnabled = false,
                                                     bool undoEnabled = false, ZStatus* status = nullptr);
     static ZStatus executePythonCommandOnIdle(const ZString& command, bool displayEnabled = false);
+
+    // The objects the user has selected, in the order selected.
+    static ZStatus getActiveSelectionList(ZSelectionList& list);
 
     static void displayInfo(const ZString& text);
     static void displayWarning(const ZString& text);

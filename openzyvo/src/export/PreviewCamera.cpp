@@ -1,5 +1,6 @@
 #include "export/PreviewCamera.h"
 
+#include "core/CameraBasis.h"
 #include "export/VectorMath.h"
 
 #include <algorithm>
@@ -11,6 +12,10 @@ namespace {
 
 constexpr float kVerticalFieldOfView = 0.5235988f; // 30 degrees
 constexpr float kFill = 0.9f;                      // share of the viewport the framed bounds may cover
+
+Float3 float3(const ZVector& v) {
+    return {static_cast<float>(v.x), static_cast<float>(v.y), static_cast<float>(v.z)};
+}
 
 std::array<Float3, 8> corners(const Bounds& b) {
     std::array<Float3, 8> result;
@@ -24,9 +29,10 @@ std::array<Float3, 8> corners(const Bounds& b) {
 
 PreviewCamera frameBounds(const Bounds& bounds, const Float3& towardEye, float aspect) {
     PreviewCamera camera;
-    camera.back = normalized(towardEye, {0.0f, 0.0f, 1.0f});
-    camera.right = normalized(cross({0.0f, 1.0f, 0.0f}, camera.back), {1.0f, 0.0f, 0.0f});
-    camera.up = cross(camera.back, camera.right);
+    const CameraBasis basis = cameraBasis(ZVector(towardEye[0], towardEye[1], towardEye[2]));
+    camera.back = float3(basis.back);
+    camera.right = float3(basis.right);
+    camera.up = float3(basis.up);
     camera.tanHalfHeight = std::tan(kVerticalFieldOfView / 2.0f);
     camera.tanHalfWidth = camera.tanHalfHeight * aspect;
 

@@ -215,9 +215,9 @@ TEST_F(FontNodeEvaluation, StoresManipulatorEditsPerElement) {
     EXPECT_EQ(vectors(fontNode::manipulatorWordPositionsPP).size(), 2u);
     EXPECT_EQ(vectors(fontNode::manipulatorLineScalesPP).size(), 1u);
 
-    // Character 3 is the first "o", in the second word.
+    // In Word mode the id counts words: word 1 is "mom".
     ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Word)));
-    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(3));
+    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(1));
     setTriple(fontNode::positionAdjust, 4, 5, 6);
     EXPECT_THAT(vectors(fontNode::manipulatorWordPositionsPP), ElementsAre(ZVector(), ZVector(4, 5, 6)));
     EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[2], ZVector(1, 2, 3)) << "character edits are kept";
@@ -226,10 +226,10 @@ TEST_F(FontNodeEvaluation, StoresManipulatorEditsPerElement) {
     EXPECT_EQ(plug(fontNode::manipulatePolygon).asInt(), 3) << "the word's first shell";
 
     // A shorter text cuts the stored edits to its characters and words; the
-    // edit, still in place, now lands on the last character's word.
+    // edit of the word cut away goes with it, not to another word.
     setText("Hi");
     EXPECT_THAT(vectors(fontNode::manipulatorPositionsPP), ElementsAre(ZVector(), ZVector()));
-    EXPECT_THAT(vectors(fontNode::manipulatorWordPositionsPP), ElementsAre(ZVector(4, 5, 6)));
+    EXPECT_THAT(vectors(fontNode::manipulatorWordPositionsPP), ElementsAre(ZVector()));
 }
 
 // Values that are not numbers, or far past any scene, used to reach the
@@ -323,6 +323,29 @@ TEST_F(FontNodeEvaluation, ManipulatorEditsDoNotDecomposeAgain) {
     const std::vector<double> right = doubles(fontNode::alignmentAdjustments);
     ASSERT_EQ(right.size(), 1u);
     EXPECT_GT(right[0], 0.0);
+}
+
+// Choosing another level or element brought the values of the last element
+// along: they were stored again, into the new one, before the tool could
+// load its own.
+TEST_F(FontNodeEvaluation, SwitchingModeDoesNotCopyTheAdjustIntoTheNewElement) {
+    setText("Hi mom");
+    ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Character)));
+    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(1));
+    setTriple(fontNode::positionAdjust, 1, 2, 3);
+    ASSERT_EQ(vectors(fontNode::manipulatorPositionsPP)[1], ZVector(1, 2, 3));
+
+    ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Line)));
+    EXPECT_THAT(vectors(fontNode::manipulatorLinePositionsPP), ElementsAre(ZVector()));
+    ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Character)));
+    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(3));
+    EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[3], ZVector());
+    EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[1], ZVector(1, 2, 3));
+
+    // The next edit goes to the element now chosen.
+    setTriple(fontNode::positionAdjust, 0, 0, 4);
+    EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[3], ZVector(0, 0, 4));
+    EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[1], ZVector(1, 2, 3));
 }
 
 TEST_F(FontNodeEvaluation, UnusableManipulatorEditsAreShownAndNotStored) {

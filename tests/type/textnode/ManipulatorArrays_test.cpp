@@ -82,8 +82,8 @@ TEST(ManipulatorArrays, EachModeStoresTheEditAtItsElement) {
     ASSERT_TRUE(placement.has_value());
     EXPECT_EQ(placement->firstShell, 4);
 
-    // Character 3 ("o" of "mom") belongs to word 2, which starts at shell 3.
-    placement = applyManipulatorEdit(arrays, kGrouping, edit(ManipulatorMode::Word, 3), 6);
+    // Word 2 is "mom", which starts at shell 3.
+    placement = applyManipulatorEdit(arrays, kGrouping, edit(ManipulatorMode::Word, 2), 6);
     EXPECT_THAT(arrays.words.positions.asVector(),
                 ElementsAre(ZVector(), ZVector(), ZVector(1, 2, 3), ZVector()));
     EXPECT_EQ(arrays.words.rotations[2], ZVector(10, 20, 30));
@@ -91,9 +91,10 @@ TEST(ManipulatorArrays, EachModeStoresTheEditAtItsElement) {
     ASSERT_TRUE(placement.has_value());
     EXPECT_EQ(placement->word, 2);
     EXPECT_EQ(placement->line, 0);
+    EXPECT_EQ(placement->character, 2);
     EXPECT_EQ(placement->firstShell, 3);
 
-    // An id past the end edits the last character: "O", on line 1.
+    // An id past the end edits the last line, which holds "O".
     placement = applyManipulatorEdit(arrays, kGrouping, edit(ManipulatorMode::Line, 40), 6);
     EXPECT_THAT(arrays.lines.positions.asVector(), ElementsAre(ZVector(), ZVector(1, 2, 3)));
     ASSERT_TRUE(placement.has_value());
@@ -103,6 +104,23 @@ TEST(ManipulatorArrays, EachModeStoresTheEditAtItsElement) {
     placement = applyManipulatorEdit(arrays, kGrouping, edit(ManipulatorMode::Character, -4), 6);
     EXPECT_EQ(arrays.characters.positions[0], ZVector(1, 2, 3));
     EXPECT_EQ(placement->character, 0);
+}
+
+// The tool writes a word or line index into "manipulateId" in those modes;
+// the node took it for a character index and edited another element.
+TEST(ManipulatorArrays, WordAndLineModesTakeTheIdAsWordOrLineIndex) {
+    ManipulatorArrays arrays;
+    auto placement = applyManipulatorEdit(arrays, kGrouping, edit(ManipulatorMode::Word, 1), 6);
+    EXPECT_THAT(arrays.words.positions.asVector(),
+                ElementsAre(ZVector(), ZVector(1, 2, 3), ZVector(), ZVector()));
+    // The empty word has no character: the placement moves on to the next one's.
+    ASSERT_TRUE(placement.has_value());
+    EXPECT_EQ(placement->firstShell, 3);
+
+    placement = applyManipulatorEdit(arrays, kGrouping, edit(ManipulatorMode::Line, 1), 6);
+    EXPECT_THAT(arrays.lines.positions.asVector(), ElementsAre(ZVector(), ZVector(1, 2, 3)));
+    EXPECT_EQ(placement->character, 5);
+    EXPECT_EQ(placement->line, 1);
 }
 
 TEST(ManipulatorArrays, StaleCharacterBoundsStoreTheEditWithoutPlacement) {

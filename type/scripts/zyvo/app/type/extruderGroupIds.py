@@ -40,7 +40,8 @@ def createExtruderGroupIds(extruder, missing):
     for _ in range(missing):
         while index in taken:
             index += 1
-        groupId = cmds.createNode("groupId")
+        # Bookkeeping run on idle: the user's selection stays as it is.
+        groupId = cmds.createNode("groupId", skipSelect=True)
         cmds.setAttr(groupId + ".groupId", nextFreeGroupId())
         cmds.connectAttr(groupId + ".groupId", "%s[%d]" % (plug, index))
         taken.add(index)
