@@ -46,17 +46,23 @@ std::vector<Point3> toPoints(const ZVectorArray& vectors) {
     return points;
 }
 
-ZStatus readElementSource(ZDataBlock& block, const ZObject& node, unsigned int multiIndex,
-                          const ZObject& groupIdsAttribute, ElementSource& source) {
+ZStatus readInputMesh(ZDataBlock& block, const ZObject& node, unsigned int multiIndex, ZObject& mesh) {
     using Filter = ZPxGeometryFilter;
     ZStatus status;
     const ZPlug element = ZPlug(node, Filter::input).elementByLogicalIndex(multiIndex, &status);
     const ZPlug geometry = status ? element.child(Filter::inputGeom, &status) : ZPlug();
-    const ZObject mesh = status ? block.inputValue(geometry, &status).data() : ZObject();
+    mesh = status ? block.inputValue(geometry, &status).data() : ZObject();
+    if (status && mesh.isNull())
+        return ZStatus::kInvalidParameter;
+    return status;
+}
+
+ZStatus readElementSource(ZDataBlock& block, const ZObject& node, unsigned int multiIndex,
+                          const ZObject& groupIdsAttribute, ElementSource& source) {
+    ZObject mesh;
+    ZStatus status = readInputMesh(block, node, multiIndex, mesh);
     if (!status)
         return status;
-    if (mesh.isNull())
-        return ZStatus::kInvalidParameter;
     const ZFnMesh fn(mesh, &status);
     if (!status)
         return status;

@@ -26,6 +26,9 @@ struct ElementSource {
     std::vector<std::vector<int>> groupLists;
 };
 
+// The mesh of input[multiIndex]; kInvalidParameter when it has none.
+ZStatus readInputMesh(ZDataBlock& block, const ZObject& node, unsigned int multiIndex, ZObject& mesh);
+
 // kInvalidParameter when the geometry has no mesh.
 ZStatus readElementSource(ZDataBlock& block, const ZObject& node, unsigned int multiIndex,
                           const ZObject& groupIdsAttribute, ElementSource& source);

@@ -36,6 +36,8 @@ PivotTransform::PivotTransform(const Point3& pivot, const Point3& anglesDegrees,
     for (int r = 0; r < 3; ++r)
         for (int c = 0; c < 3; ++c)
             m_m[r][c] = factors[r] * rotation[r][c];
+    m_identity = anglesDegrees.x == 0.0 && anglesDegrees.y == 0.0 && anglesDegrees.z == 0.0 &&
+                 scale.x == 1.0 && scale.y == 1.0 && scale.z == 1.0;
 }
 
 } // namespace type

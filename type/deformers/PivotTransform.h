@@ -15,7 +15,13 @@ class PivotTransform {
 public:
     PivotTransform(const Point3& pivot, const Point3& anglesDegrees, const Point3& scale);
 
+    // No scale and no turn: points stay exactly where they are, not merely
+    // within rounding of it.
+    bool identity() const { return m_identity; }
+
     Point3 apply(const Point3& p) const {
+        if (m_identity)
+            return p;
         const double x = p.x - m_pivot.x;
         const double y = p.y - m_pivot.y;
         const double z = p.z - m_pivot.z;
@@ -27,6 +33,7 @@ public:
 private:
     Point3 m_pivot;
     double m_m[3][3];
+    bool m_identity = false;
 };
 
 } // namespace type

@@ -1,5 +1,6 @@
 #include "deformers/TypeAnimationDeformer.h"
 
+#include "deformers/ElementCache.h"
 #include "deformers/ElementDelays.h"
 #include "deformers/ElementMotion.h"
 #include "deformers/NodeArrays.h"
@@ -77,7 +78,7 @@ using Self = TypeAnimationDeformer;
 } // namespace
 
 TypeAnimationDeformer::TypeAnimationDeformer()
-    : m_elements(std::make_unique<Elements>()) {}
+    : m_elements(std::make_unique<ElementCache>()) {}
 
 TypeAnimationDeformer::~TypeAnimationDeformer() = default;
 
@@ -229,14 +230,14 @@ ZStatus TypeAnimationDeformer::compute(const ZPlug& plug, ZDataBlock& block) {
 
 ZStatus TypeAnimationDeformer::setDependentsDirty(const ZPlug& plug, ZPlugArray& affected) {
     if (plug == inputGeom || plug == input)
-        m_shellsValid = false;
+        m_elements->invalidate();
     return ZPxGeometryFilter::setDependentsDirty(plug, affected);
 }
 
 ZStatus TypeAnimationDeformer::preEvaluation(const ZDGContext& context,
                                              const ZEvaluationNode& evaluationNode) {
     if (context.isNormal() && evaluationNode.dirtyPlugExists(inputGeom))
-        m_shellsValid = false;
+        m_elements->invalidate();
     return ZStatus::kSuccess;
 }
 
@@ -279,22 +280,6 @@ ZStatus TypeAnimationDeformer::readOffsets(ZDataBlock& block, AnimationFrame& fr
             frame.positionIn[i] = {frame.positionIn[i].x - offsets[i].x, frame.positionIn[i].y - offsets[i].y,
                                    frame.positionIn[i].z - offsets[i].z};
     }
-    return ZStatus::kSuccess;
-}
-
-ZStatus TypeAnimationDeformer::discoverElements(ZDataBlock& block, unsigned int multiIndex, int pointCount) {
-    if (m_shellsValid && m_elementsIndex == multiIndex && m_elementsPointCount == pointCount)
-        return ZStatus::kSuccess;
-    ElementSource source;
-    if (const ZStatus status = readElementSource(block, thisZObject(), multiIndex, vertexGroupIds, source);
-        !status)
-        return reportApiError(status, kUnit);
-    FaceListTopology mesh(source.points, source.faceCounts, source.faceVertices);
-    if (!type::discoverElements(mesh, source.groupLists, *m_elements))
-        return reportApiError(ZStatus::kFailure, kUnit);
-    m_shellsValid = true;
-    m_elementsIndex = multiIndex;
-    m_elementsPointCount = pointCount;
     return ZStatus::kSuccess;
 }
 
@@ -378,11 +363,14 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
     ZPointArray points;
     if (!(status = iterator.allPositions(points)))
         return reportApiError(status, kUnit);
-    if (!(status = discoverElements(block, multiIndex, static_cast<int>(points.length()))))
-        return status;
+    status = m_elements->update(block, thisZObject(), multiIndex, static_cast<int>(points.length()),
+                                vertexGroupIds);
+    if (!status)
+        return reportApiError(status, kUnit);
+    const Elements& elements = m_elements->elements();
     // Without per-character counts every element is a character of its own.
     if (frame.solidsPerCharacter.empty())
-        frame.solidsPerCharacter.assign(m_elements->vertices.size(), 1.0);
+        frame.solidsPerCharacter.assign(elements.vertices.size(), 1.0);
 
     bool pivotDisplay = false;
     if (!(status = readSettings(block, frame, pivotDisplay)))
@@ -390,7 +378,7 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
     if (!(status = sampleChannels(block, frame)))
         return status;
 
-    const std::size_t elementCount = m_elements->vertices.size();
+    const std::size_t elementCount = elements.vertices.size();
     ZVectorArray rotationPivots(pivotDisplay ? static_cast<unsigned int>(elementCount) : 0u);
     ZVectorArray scalePivots(pivotDisplay ? static_cast<unsigned int>(elementCount) : 0u);
     const std::span<ZPoint> moved(points.data(), points.length());
@@ -398,7 +386,7 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
         tbb::blocked_range<std::size_t>(0, elementCount, 1),
         [&](const tbb::blocked_range<std::size_t>& range) {
             for (std::size_t i = range.begin(); i != range.end(); ++i) {
-                const ElementMotion motion = elementMotion(frame, *m_elements, static_cast<int>(i));
+                const ElementMotion motion = elementMotion(frame, elements, static_cast<int>(i));
                 if (pivotDisplay) {
                     const ZPoint r =
                         ZPoint(motion.rotationPivot.x, motion.rotationPivot.y, motion.rotationPivot.z) *
@@ -408,7 +396,7 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
                     rotationPivots[static_cast<unsigned int>(i)] = ZVector(r.x, r.y, r.z);
                     scalePivots[static_cast<unsigned int>(i)] = ZVector(s.x, s.y, s.z);
                 }
-                moveElement(motion, m_elements->vertices[i], moved);
+                moveElement(motion, elements.vertices[i], moved);
             }
         },
         tbb::auto_partitioner());

@@ -6,7 +6,7 @@
 namespace type {
 
 struct AnimationFrame;
-struct Elements;
+class ElementCache;
 
 // The "shellDeformer" node: animates every character, word or line of a text
 // mesh as a rigid piece, each group sampling the animation channels at its own
@@ -80,14 +80,10 @@ public:
 
 private:
     ZStatus readOffsets(ZDataBlock& block, AnimationFrame& frame);
-    ZStatus discoverElements(ZDataBlock& block, unsigned int multiIndex, int pointCount);
     ZStatus readSettings(ZDataBlock& block, AnimationFrame& frame, bool& pivotDisplay);
     ZStatus sampleChannels(ZDataBlock& block, AnimationFrame& frame);
 
-    bool m_shellsValid = false;
-    unsigned int m_elementsIndex = 0;
-    int m_elementsPointCount = -1;
-    std::unique_ptr<Elements> m_elements;
+    std::unique_ptr<ElementCache> m_elements;
 };
 
 } // namespace type

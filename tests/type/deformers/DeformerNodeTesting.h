@@ -2,6 +2,8 @@
 
 #include "../extrude/ExtrudeNodeTesting.h"
 
+#include <OpenZyvo/ZDoubleArray.h>
+#include <OpenZyvo/ZFnDoubleArrayData.h>
 #include <OpenZyvo/ZFnGeometryData.h>
 #include <OpenZyvo/ZFnIntArrayData.h>
 #include <OpenZyvo/ZFnVectorArrayData.h>
