@@ -46,6 +46,12 @@ std::vector<Point3> toPoints(const ZVectorArray& vectors) {
     return points;
 }
 
+ZStatus pullVertexGroups(ZDataBlock& block, const ZObject& groupIdsAttribute) {
+    ZStatus status;
+    block.inputValue(groupIdsAttribute, &status);
+    return status;
+}
+
 ZStatus readInputMesh(ZDataBlock& block, const ZObject& node, unsigned int multiIndex, ZObject& mesh) {
     using Filter = ZPxGeometryFilter;
     ZStatus status;

@@ -225,6 +225,8 @@ ZStatus TypeAnimationDeformer::compute(const ZPlug& plug, ZDataBlock& block) {
         block.setClean(rotationPivotPointsPP);
         return block.setClean(scalePivotPointsPP);
     }
+    if (const ZStatus status = pullVertexGroups(block, vertexGroupIds); !status)
+        return reportApiError(status, kUnit);
     return ZPxGeometryFilter::compute(plug, block);
 }
 

@@ -170,6 +170,8 @@ ZStatus vectorAdjustments::compute(const ZPlug& plug, ZDataBlock& block) {
         block.setClean(shellPositions);
         return block.setClean(boundingBoxes);
     }
+    if (const ZStatus status = pullVertexGroups(block, vertexGroupIds); !status)
+        return reportApiError(status, kUnit);
     return ZPxGeometryFilter::compute(plug, block);
 }
 

@@ -79,5 +79,21 @@ TEST_F(TextObject, AnimatesFlatText) {
         ASSERT_NEAR(p.z, 2.0, 1e-9);
 }
 
+// The extrusion adds the characters' vertex groups only once their ids are
+// asked for; the deformers ask before they copy the mesh, so the shown mesh
+// (and an export of it) has a group per character.
+TEST_F(TextObject, ShownMeshCarriesTheCharacterGroups) {
+    ZObject data;
+    ASSERT_TRUE(plugNamed("typeMesh1Shape", "outMesh").getValue(data));
+    const ZFnGeometryData groups(data);
+    ZObject ids;
+    ASSERT_TRUE(plugNamed("typeExtrude1", "vertexGroupIds").getValue(ids));
+    ZIntArray characterIds;
+    ZFnIntArrayData(ids).copyTo(characterIds);
+    ASSERT_GT(characterIds.length(), 0u);
+    for (int id : characterIds.asVector())
+        EXPECT_TRUE(groups.hasObjectGroup(static_cast<unsigned int>(id))) << id;
+}
+
 } // namespace
 } // namespace typetest
