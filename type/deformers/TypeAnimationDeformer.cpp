@@ -18,6 +18,7 @@
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZVectorArray.h>
+#include <algorithm>
 #include <numbers>
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
@@ -362,11 +363,10 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
         if (!(status = readDoubles(block, *attribute, *target)))
             return reportApiError(status, kUnit);
 
-    ZPointArray points;
-    if (!(status = iterator.allPositions(points)))
+    const int pointCount = iterator.count(&status);
+    if (!status)
         return reportApiError(status, kUnit);
-    status = m_elements->update(block, thisZObject(), multiIndex, static_cast<int>(points.length()),
-                                vertexGroupIds);
+    status = m_elements->update(block, thisZObject(), multiIndex, pointCount, vertexGroupIds);
     if (!status)
         return reportApiError(status, kUnit);
     const Elements& elements = m_elements->elements();
@@ -380,30 +380,39 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
     if (!(status = sampleChannels(block, frame)))
         return status;
 
+    // The motions first: a frame at which nothing moves touches no point.
     const std::size_t elementCount = elements.vertices.size();
-    ZVectorArray rotationPivots(pivotDisplay ? static_cast<unsigned int>(elementCount) : 0u);
-    ZVectorArray scalePivots(pivotDisplay ? static_cast<unsigned int>(elementCount) : 0u);
-    const std::span<ZPoint> moved(points.data(), points.length());
-    tbb::parallel_for(
-        tbb::blocked_range<std::size_t>(0, elementCount, 1),
-        [&](const tbb::blocked_range<std::size_t>& range) {
-            for (std::size_t i = range.begin(); i != range.end(); ++i) {
-                const ElementMotion motion = elementMotion(frame, elements, static_cast<int>(i));
-                if (pivotDisplay) {
-                    const ZPoint r =
-                        ZPoint(motion.rotationPivot.x, motion.rotationPivot.y, motion.rotationPivot.z) *
-                        localToWorld;
-                    const ZPoint s =
-                        ZPoint(motion.scalePivot.x, motion.scalePivot.y, motion.scalePivot.z) * localToWorld;
-                    rotationPivots[static_cast<unsigned int>(i)] = ZVector(r.x, r.y, r.z);
-                    scalePivots[static_cast<unsigned int>(i)] = ZVector(s.x, s.y, s.z);
-                }
-                moveElement(motion, elements.vertices[i], moved);
-            }
-        },
-        tbb::auto_partitioner());
-    if (!(status = iterator.setAllPositions(points)))
-        return reportApiError(status, kUnit);
+    std::vector<ElementMotion> motions(elementCount);
+    tbb::parallel_for(std::size_t{0}, elementCount, [&](std::size_t i) {
+        motions[i] = elementMotion(frame, elements, static_cast<int>(i));
+    });
+    ZVectorArray rotationPivots;
+    ZVectorArray scalePivots;
+    if (pivotDisplay)
+        for (const ElementMotion& motion : motions) {
+            const ZPoint r =
+                ZPoint(motion.rotationPivot.x, motion.rotationPivot.y, motion.rotationPivot.z) * localToWorld;
+            const ZPoint s =
+                ZPoint(motion.scalePivot.x, motion.scalePivot.y, motion.scalePivot.z) * localToWorld;
+            rotationPivots.append(ZVector(r.x, r.y, r.z));
+            scalePivots.append(ZVector(s.x, s.y, s.z));
+        }
+    if (std::any_of(motions.begin(), motions.end(),
+                    [](const ElementMotion& motion) { return motion.moves(); })) {
+        ZPointArray points;
+        if (!(status = iterator.allPositions(points)))
+            return reportApiError(status, kUnit);
+        const std::span<ZPoint> moved(points.data(), points.length());
+        tbb::parallel_for(
+            tbb::blocked_range<std::size_t>(0, elementCount, 1),
+            [&](const tbb::blocked_range<std::size_t>& range) {
+                for (std::size_t i = range.begin(); i != range.end(); ++i)
+                    moveElement(motions[i], elements.vertices[i], moved);
+            },
+            tbb::auto_partitioner());
+        if (!(status = iterator.setAllPositions(points)))
+            return reportApiError(status, kUnit);
+    }
 
     for (auto [attribute, values] :
          {std::pair{&rotationPivotPointsPP, &rotationPivots}, std::pair{&scalePivotPointsPP, &scalePivots}}) {
