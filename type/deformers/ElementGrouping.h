@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 namespace type {
 
@@ -23,5 +24,20 @@ int solidsBefore(std::span<const double> counts, int group);
 // The group whose range of solids holds `solid`. Empty groups (an empty word
 // or line) hold no solid and are passed over.
 SolidGroup groupHolding(std::span<const double> counts, int solid);
+
+// The running sums of one grouping array, kept for lookups in logarithmic
+// time where many are made (every character of every line).
+class RunningSums {
+public:
+    explicit RunningSums(std::span<const double> counts);
+
+    int groups() const { return static_cast<int>(m_start.size()) - 1; }
+    // As solidsBefore and groupHolding.
+    int before(int group) const;
+    SolidGroup holding(int solid) const;
+
+private:
+    std::vector<int> m_start; // group g holds the solids m_start[g] .. m_start[g + 1] - 1
+};
 
 } // namespace type

@@ -31,18 +31,19 @@ bool canAdjust(const Adjustments& adjustments) {
 
 std::vector<CharacterLayout> layoutLine(const Adjustments& a, const Elements& elements, int line) {
     std::vector<CharacterLayout> layouts;
-    const int lineFirst = solidsBefore(a.solidsPerLine, line);
-    const int lineEnd = lineFirst + solidCount(a.solidsPerLine[static_cast<std::size_t>(line)]);
-    const int characters = std::min<int>(static_cast<int>(a.solidsPerCharacter.size()),
-                                         static_cast<int>(elements.vertices.size()));
+    const RunningSums characterSums(a.solidsPerCharacter);
+    const RunningSums wordSums(a.solidsPerWord);
+    const RunningSums lineSums(a.solidsPerLine);
+    const int lineFirst = lineSums.before(line);
+    const int lineEnd = lineSums.before(line + 1);
+    const int characters = std::min<int>(characterSums.groups(), static_cast<int>(elements.vertices.size()));
 
     // The horizontal growth the character adjustments add to the line.
     std::vector<int> members;
     double widthSum = 0.0;
     for (int c = 0; c < characters; ++c) {
-        const int solid = solidsBefore(a.solidsPerCharacter, c);
-        if (solid >= lineFirst && solid < lineEnd &&
-            solidCount(a.solidsPerCharacter[static_cast<std::size_t>(c)]) > 0) {
+        const int solid = characterSums.before(c);
+        if (solid >= lineFirst && solid < lineEnd && characterSums.before(c + 1) > solid) {
             members.push_back(c);
             widthSum += at(a.positions, c).x;
         }
@@ -61,20 +62,23 @@ std::vector<CharacterLayout> layoutLine(const Adjustments& a, const Elements& el
             alignmentShift = stored;
     }
 
+    // The x growth of the line's words before each word of it.
+    std::vector<double> earlierWordsX(static_cast<std::size_t>(wordSums.groups()) + 1, 0.0);
+    for (int w = 0; w < wordSums.groups(); ++w) {
+        const int first = wordSums.before(w);
+        const bool inLine = first >= lineFirst && first < lineEnd;
+        earlierWordsX[static_cast<std::size_t>(w) + 1] =
+            earlierWordsX[static_cast<std::size_t>(w)] + (inLine ? at(a.wordPositions, w).x : 0.0);
+    }
+
     const Point3 linePosition = at(a.linePositions, line);
     const PivotTransform lineTransform(minimumOf(elements, members.front()), at(a.lineRotations, line),
                                        factor(at(a.lineScales, line)));
     double earlierCharactersX = 0.0;
     for (int c : members) {
-        const SolidGroup word = groupHolding(a.solidsPerWord, solidsBefore(a.solidsPerCharacter, c));
-        double earlierWordsX = 0.0;
-        for (int w = 0; w < word.index; ++w) {
-            const int first = solidsBefore(a.solidsPerWord, w);
-            if (first >= lineFirst && first < lineEnd)
-                earlierWordsX += at(a.wordPositions, w).x;
-        }
-        const int wordFirstCharacter =
-            word.index >= 0 ? groupHolding(a.solidsPerCharacter, word.first).index : c;
+        const SolidGroup word = wordSums.holding(characterSums.before(c));
+        const double wordsX = word.index >= 0 ? earlierWordsX[static_cast<std::size_t>(word.index)] : 0.0;
+        const int wordFirstCharacter = word.index >= 0 ? characterSums.holding(word.first).index : c;
         const Point3 wordPosition = at(a.wordPositions, word.index);
         const Point3 own = at(a.positions, c);
         CharacterLayout layout{
@@ -83,7 +87,7 @@ std::vector<CharacterLayout> layoutLine(const Adjustments& a, const Elements& el
                            factor(at(a.wordScales, word.index))),
             lineTransform,
             PivotTransform(minimumOf(elements, c), at(a.rotations, c), factor(at(a.scales, c))),
-            {linePosition.x + wordPosition.x + earlierWordsX + own.x + earlierCharactersX,
+            {linePosition.x + wordPosition.x + wordsX + own.x + earlierCharactersX,
              linePosition.y + wordPosition.y + own.y, linePosition.z + wordPosition.z + own.z},
             alignmentShift};
         layouts.push_back(layout);

@@ -45,4 +45,21 @@ TEST(ElementGrouping, SolidsBeforeStopsAtTheArraysEnd) {
     EXPECT_EQ(type::solidsBefore(kWords, 50), 4);
 }
 
+TEST(ElementGrouping, RunningSumsAnswerAsTheWalks) {
+    const std::vector<double> counts = {2, 0, 1, 0, 1, 0, 0};
+    const type::RunningSums sums(counts);
+    for (int solid = -1; solid < 7; ++solid) {
+        const type::SolidGroup walked = type::groupHolding(counts, solid);
+        const type::SolidGroup looked = sums.holding(solid);
+        EXPECT_EQ(looked.index, walked.index) << solid;
+        if (walked.index >= 0) {
+            EXPECT_EQ(looked.first, walked.first) << solid;
+            EXPECT_EQ(looked.count, walked.count) << solid;
+        }
+    }
+    for (int group = 0; group < 9; ++group)
+        EXPECT_EQ(sums.before(group), type::solidsBefore(counts, group)) << group;
+    EXPECT_EQ(type::RunningSums({}).holding(0).index, -1);
+}
+
 } // namespace
