@@ -46,10 +46,8 @@ std::vector<Point3> toPoints(const ZVectorArray& vectors) {
     return points;
 }
 
-ZStatus pullVertexGroups(ZDataBlock& block, const ZObject& groupIdsAttribute) {
-    ZStatus status;
-    block.inputValue(groupIdsAttribute, &status);
-    return status;
+void pullVertexGroups(ZDataBlock& block, const ZObject& groupIdsAttribute) {
+    block.inputValue(groupIdsAttribute);
 }
 
 ZStatus readInputMesh(ZDataBlock& block, const ZObject& node, unsigned int multiIndex, ZObject& mesh) {

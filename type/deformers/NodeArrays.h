@@ -27,8 +27,9 @@ struct ElementSource {
 };
 
 // The extrusion adds each character's vertex group to its mesh when its list of group ids is asked for;
-// asking first makes the groups part of the mesh the deformer copies, and so of its output.
-ZStatus pullVertexGroups(ZDataBlock& block, const ZObject& groupIdsAttribute);
+// asking first makes the groups part of the mesh the deformer copies, and so of its output. A failure
+// here is left to the element discovery, which reads the ids again inside deform and reports it there.
+void pullVertexGroups(ZDataBlock& block, const ZObject& groupIdsAttribute);
 
 // The mesh of input[multiIndex]; kInvalidParameter when it has none.
 ZStatus readInputMesh(ZDataBlock& block, const ZObject& node, unsigned int multiIndex, ZObject& mesh);

@@ -74,8 +74,6 @@ namespace {
 
 constexpr const char* kUnit = TypeAnimationDeformer::kSourceUnit;
 
-using Self = TypeAnimationDeformer;
-
 } // namespace
 
 TypeAnimationDeformer::TypeAnimationDeformer()
@@ -226,8 +224,7 @@ ZStatus TypeAnimationDeformer::compute(const ZPlug& plug, ZDataBlock& block) {
         block.setClean(rotationPivotPointsPP);
         return block.setClean(scalePivotPointsPP);
     }
-    if (const ZStatus status = pullVertexGroups(block, vertexGroupIds); !status)
-        return reportApiError(status, kUnit);
+    pullVertexGroups(block, vertexGroupIds);
     return ZPxGeometryFilter::compute(plug, block);
 }
 

@@ -170,8 +170,7 @@ ZStatus vectorAdjustments::compute(const ZPlug& plug, ZDataBlock& block) {
         block.setClean(shellPositions);
         return block.setClean(boundingBoxes);
     }
-    if (const ZStatus status = pullVertexGroups(block, vertexGroupIds); !status)
-        return reportApiError(status, kUnit);
+    pullVertexGroups(block, vertexGroupIds);
     return ZPxGeometryFilter::compute(plug, block);
 }
 

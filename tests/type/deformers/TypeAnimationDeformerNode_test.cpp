@@ -136,6 +136,16 @@ TEST_F(ShellDeformerNode, WithoutGroupsEveryShellIsACharacter) {
     EXPECT_EQ(vectors("shellDeformer1", "rotationPivotPointsPP").size(), 2u);
 }
 
+TEST_F(ShellDeformerNode, OnePerParticleOffsetMovesEveryCharacter) {
+    ASSERT_TRUE(run("currentTime -20"));
+    const ZObject offsets = ZFnVectorArrayData().create(ZVectorArray({ZVector(0, 3, 0)}));
+    ASSERT_TRUE(plugNamed("shellDeformer1", "positionInPP").setValue(offsets));
+    const std::vector<double> rose = rises();
+    ASSERT_EQ(rose.size(), 3u);
+    for (double rise : rose)
+        EXPECT_NEAR(rise, 3.0 + keyedAt(-20), 1e-9);
+}
+
 TEST_F(ShellDeformerNode, PivotOutputsOnlyWhenShown) {
     ASSERT_TRUE(run("currentTime 4"));
     EXPECT_TRUE(vectors("shellDeformer1", "scalePivotPointsPP").empty());
