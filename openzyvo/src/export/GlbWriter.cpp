@@ -176,11 +176,15 @@ ExportStatus splitIntoPieces(const ExportScene& scene, std::vector<Piece>& piece
         const std::size_t first = pieces.size();
         for (const ExportVertexGroup& group : mesh.vertexGroups) {
             Piece piece{group.name, m, {}};
-            for (std::uint32_t v : group.vertices)
+            for (std::uint32_t v : group.vertices) {
+                if (v >= owner.size())
+                    return invalid("the vertex group '" + group.name + "' names vertex " + std::to_string(v) +
+                                   ", which '" + mesh.name + "' does not have");
                 if (owner[v] == kNone) {
                     owner[v] = pieces.size();
                     piece.vertices.push_back(v);
                 }
+            }
             pieces.push_back(std::move(piece));
         }
         Piece rest{mesh.name, m, {}};
@@ -244,7 +248,8 @@ double toleranceOf(const ExportScene& scene) {
             bounds.add(p);
     double extent = double{bounds.max[1] - bounds.min[1]};
     if (!(extent > 0.0))
-        extent = std::max({double{bounds.max[0] - bounds.min[0]}, double{bounds.max[2] - bounds.min[2]}, 1.0});
+        extent =
+            std::max({double{bounds.max[0] - bounds.min[0]}, double{bounds.max[2] - bounds.min[2]}, 1.0});
     return extent * kAnimationTolerance;
 }
 

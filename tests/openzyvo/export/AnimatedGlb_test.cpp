@@ -215,5 +215,14 @@ TEST(AnimatedGlb, TrianglesJoiningTwoPiecesAreRefused) {
     EXPECT_NE(status.message.find("joins the pieces"), std::string::npos) << status.message;
 }
 
+TEST(AnimatedGlb, AGroupNamingAMissingVertexIsRefused) {
+    TempDirectory dir;
+    std::vector<ExportScene> frames = turningSquares(2);
+    frames[0].meshes[1].vertexGroups[0].vertices.push_back(400);
+    const ExportStatus status = writeAnimatedGlb(frames, numbers(2), seconds(2), dir / "anim.glb");
+    ASSERT_FALSE(status);
+    EXPECT_NE(status.message.find("vertex 400"), std::string::npos) << status.message;
+}
+
 } // namespace
 } // namespace oz::exporter::test
