@@ -6,6 +6,7 @@
 
 #include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvoAnim/ZAnimControl.h>
+#include <algorithm>
 #include <cstdio>
 #include <unistd.h>
 
@@ -52,6 +53,12 @@ std::optional<long> wholeFrame(std::optional<double> frame) {
     return static_cast<long>(*frame);
 }
 
+// Several frames into a .glb named without a frame number pattern make one animated glTF.
+bool isAnimation(const ExportRequest& request, const std::string& output) {
+    return request.frames && request.frames->count() > 1 && !FramePattern(output).hasPattern() &&
+           ZHost::meshFormatOf(output) == ZHost::MeshFormat::Glb;
+}
+
 // The files each output names at `frame`, or the outputs as given.
 std::vector<std::string> filesAt(const ExportRequest& request, std::optional<long> frame) {
     std::vector<std::string> files;
@@ -60,13 +67,17 @@ std::vector<std::string> filesAt(const ExportRequest& request, std::optional<lon
     return files;
 }
 
-ZStatus exportFrame(const ExportRequest& request, std::optional<long> frame) {
-    ZHost::MeshScene scene;
+// Writes the outputs that take one file per frame and hands back the scene for the animations.
+ZStatus exportFrame(const ExportRequest& request, std::optional<long> frame, ZHost::MeshScene& scene) {
     if (const ZStatus status = ZHost::gatherMeshes({request.node}, scene); !status)
         return status;
-    for (const std::string& file : filesAt(request, frame))
+    for (std::size_t i = 0; i < request.outputs.size(); ++i) {
+        if (isAnimation(request, request.outputs[i]))
+            continue;
+        const std::string file = filesAt(request, frame)[i];
         if (const ZStatus status = ZHost::writeMeshes(scene, file, request.previewSize); !status)
             return status;
+    }
     return ZStatus::kSuccess;
 }
 
@@ -96,9 +107,10 @@ ZStatus checkExportRequest(const ExportRequest& request) {
                         std::to_string(kMaxPatternWidth) + " digits");
             return ZStatus::kInvalidParameter;
         }
-        if (request.frames && request.frames->count() > 1 && !pattern.hasPattern()) {
+        if (request.frames && request.frames->count() > 1 && !pattern.hasPattern() &&
+            !isAnimation(request, output)) {
             reportError("Several frames need a frame number pattern in " + output +
-                        " (such as out.####.glb or out.%04d.glb)");
+                        " (such as out.####.obj or out.%04d.obj), or a .glb to hold them as one animation");
             return ZStatus::kInvalidParameter;
         }
         if (pattern.hasPattern() && !request.frames && !wholeFrame(request.frame)) {
@@ -117,23 +129,41 @@ ZStatus runExport(const ExportRequest& request, Host& host) {
         if (request.frame)
             ZAnimControl::setCurrentTime(ZTime(*request.frame));
         const std::optional<long> frame = wholeFrame(request.frame);
-        const ZStatus status = exportFrame(request, frame);
+        ZHost::MeshScene scene;
+        const ZStatus status = exportFrame(request, frame, scene);
         if (status)
             for (const std::string& file : filesAt(request, frame))
                 host.info("Wrote " + file);
         return status;
     }
     const FrameRange& frames = *request.frames;
+    const bool animated =
+        std::any_of(request.outputs.begin(), request.outputs.end(),
+                    [&](const std::string& output) { return isAnimation(request, output); });
+    std::vector<ZHost::MeshScene> scenes;
+    std::vector<double> frameNumbers;
     Progress progress(frames.count(), !host.options().quiet);
     for (std::size_t index = 0; index < frames.count(); ++index) {
         const long frame = frames[index];
         ZAnimControl::setCurrentTime(ZTime(static_cast<double>(frame)));
-        if (const ZStatus status = exportFrame(request, frame); !status) {
+        ZHost::MeshScene scene;
+        if (const ZStatus status = exportFrame(request, frame, scene); !status) {
             reportError("Export stopped at frame " + std::to_string(frame));
             return status;
         }
+        if (animated) {
+            scenes.push_back(std::move(scene));
+            frameNumbers.push_back(static_cast<double>(frame));
+        }
         progress.frameDone(frame);
         host.flushErrors();
+    }
+    for (const std::string& output : request.outputs) {
+        if (!isAnimation(request, output))
+            continue;
+        if (const ZStatus status = ZHost::writeAnimatedMeshes(scenes, frameNumbers, output); !status)
+            return status;
+        host.info("Wrote " + output);
     }
     return ZStatus::kSuccess;
 }

@@ -7,13 +7,15 @@
 namespace type {
 
 // Registers a node class of the plug-in straight with the runtime's node registry, so that a
-// benchmark measures the node without loading Type.so; a second call leaves it registered.
-template <typename Node> void registerNode() {
+// benchmark measures the node without loading Type.so; a second call leaves it registered. Nodes
+// of a kind with a base (deformers) get the base's attributes, as a plug-in's do.
+template <typename Node> void registerNode(ZPxNode::Type kind = ZPxNode::kDependNode) {
     if (oz::NodeTypeRegistry::instance().find(ZString(Node::kTypeName)))
         return;
     oz::NodeTypeInfo info;
     info.name = Node::kTypeName;
     info.id = ZTypeId(Node::kTypeId);
+    info.kind = kind;
     info.creator = [] {
         return static_cast<ZPxNode*>(Node::creator());
     };

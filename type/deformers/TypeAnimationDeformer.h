@@ -1,27 +1,89 @@
 #pragma once
 
 #include <OpenZyvo/ZPxDeformerNode.h>
+#include <memory>
 
 namespace type {
 
+struct AnimationFrame;
+class ElementCache;
+
 // The "shellDeformer" node: animates every character, word or line of a text
-// mesh as a rigid piece, each at its own delayed time. It holds for now the
-// inputs a text object wires to it; the animation itself is still to come.
+// mesh as a rigid piece, each group sampling the animation channels at its own
+// delayed time, so that one keyed channel cascades over the text.
+//
+// The pieces (vertex groups of the text pipeline, or connected shells) are
+// found once per input geometry and kept until the geometry changes.
 class TypeAnimationDeformer : public ZPxDeformerNode {
 public:
     static constexpr unsigned int kTypeId = 0x11BE0D;
     static constexpr const char* kTypeName = "shellDeformer";
+    // The name the node's error reports give as their source.
+    static constexpr const char* kSourceUnit = "typeAnimationDeformer";
+
+    TypeAnimationDeformer();
+    ~TypeAnimationDeformer() override;
 
     static void* creator();
     static ZStatus initialize();
 
+    ZStatus compute(const ZPlug& plug, ZDataBlock& block) override;
+    ZStatus deform(ZDataBlock& block, ZItGeometry& iterator, const ZMatrix& localToWorld,
+                   unsigned int multiIndex) override;
+    ZStatus setDependentsDirty(const ZPlug& plug, ZPlugArray& affected) override;
+    ZStatus preEvaluation(const ZDGContext& context, const ZEvaluationNode& evaluationNode) override;
+
+    static ZObject triggeredByHOVA;
+    static ZObject inputPoints;
+    static ZObject rotationPivotPointsPP;
+    static ZObject scalePivotPointsPP;
     static ZObject time;
     static ZObject solidsPerCharacter;
     static ZObject solidsPerWord;
     static ZObject solidsPerLine;
     static ZObject grouping;
+    static ZObject positionInPP;
+    static ZObject scaleInPP;
+    static ZObject rotationInPP;
+    static ZObject translateInPP;
+    static ZObject enableAnimation;
+    static ZObject randomDelay;
+    static ZObject reverseOrder;
+    static ZObject animationPositionX;
+    static ZObject animationPositionY;
+    static ZObject animationPositionZ;
+    static ZObject animationPosition;
+    static ZObject animationRotationX;
+    static ZObject animationRotationY;
+    static ZObject animationRotationZ;
+    static ZObject animationRotation;
+    static ZObject animationScaleX;
+    static ZObject animationScaleY;
+    static ZObject animationScaleZ;
+    static ZObject animationScale;
+    static ZObject enablePivotDisplay;
+    static ZObject xPivotLocation;
+    static ZObject yPivotLocation;
+    static ZObject zPivotLocation;
+    static ZObject localXRotationPivot;
+    static ZObject localYRotationPivot;
+    static ZObject localZRotationPivot;
+    static ZObject localYScalePivot;
+    static ZObject localXScalePivot;
+    static ZObject localZScalePivot;
+    static ZObject randomSeed;
+    static ZObject offsetFrames;
+    static ZObject animationMode;
     static ZObject vertsPerChar;
     static ZObject vertexGroupIds;
+    static ZObject legacy2018;
+
+private:
+    ZStatus readOffsets(ZDataBlock& block, AnimationFrame& frame);
+    ZStatus readSettings(ZDataBlock& block, AnimationFrame& frame, bool& pivotDisplay);
+    ZStatus sampleChannels(ZDataBlock& block, AnimationFrame& frame);
+
+    std::unique_ptr<ElementCache> m_elements;
 };
 
 } // namespace type

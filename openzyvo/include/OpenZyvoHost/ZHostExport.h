@@ -58,4 +58,11 @@ OZ_API ZStatus gatherMeshes(const std::vector<std::string>& nodes, MeshScene& sc
 OZ_API ZStatus writeMeshes(const MeshScene& scene, const std::string& file,
                            const PreviewSize& preview = defaultPreviewSize());
 
+// Writes the scene at several frames (`frames`, one scene per frame number in `frameNumbers`) as one
+// animated glTF binary: each vertex group of a mesh (a character of a text) is a node of its own, moved by
+// translation, rotation and scale channels sampled at every frame. A piece that does not move that way, or
+// meshes whose vertices change, are errors naming the piece or the frame; nothing is approximated.
+OZ_API ZStatus writeAnimatedMeshes(const std::vector<MeshScene>& frames,
+                                   const std::vector<double>& frameNumbers, const std::string& file);
+
 } // namespace ZHost

@@ -9,7 +9,10 @@
 
 #include <OpenZyvo/ZDagPath.h>
 #include <OpenZyvo/ZFnDependencyNode.h>
+#include <OpenZyvo/ZFnGeometryData.h>
 #include <OpenZyvo/ZFnMesh.h>
+#include <OpenZyvo/ZFnSingleIndexedComponent.h>
+#include <OpenZyvo/ZIntArray.h>
 #include <OpenZyvo/ZPlug.h>
 #include <map>
 
@@ -76,6 +79,26 @@ void addPrimitives(ConvertedMesh& converted, const std::vector<ZObject>& faceEng
     }
 }
 
+// The object groups of the mesh that hold vertices, each named after the mesh and its id.
+ZStatus addVertexGroups(const ZObject& meshData, ExportMesh& mesh) {
+    const ZFnGeometryData groups(meshData);
+    ZStatus status;
+    const unsigned int count = groups.objectGroupCount(&status);
+    for (unsigned int i = 0; status && i < count; ++i) {
+        const unsigned int id = groups.objectGroup(i, &status);
+        if (!status || groups.objectGroupType(id) != ZFn::kMeshVertComponent)
+            continue;
+        ZIntArray members;
+        status = ZFnSingleIndexedComponent(groups.objectGroupComponent(id)).getElements(members);
+        ExportVertexGroup group{mesh.name + "_group" + std::to_string(id), {}};
+        for (int v : members.asVector())
+            if (v >= 0 && static_cast<std::size_t>(v) < mesh.positions.size())
+                group.vertices.push_back(static_cast<std::uint32_t>(v));
+        mesh.vertexGroups.push_back(std::move(group));
+    }
+    return status;
+}
+
 } // namespace
 
 std::vector<ZObject> sceneMeshShapes() {
@@ -109,6 +132,8 @@ ZStatus collectExportScene(const std::vector<ZObject>& nodes, ExportScene& scene
         std::vector<ZObject> faceEngines;
         if (status)
             status = nodes::faceShadingEngines(shape, meshData, ZFnMesh(meshData).numPolygons(), faceEngines);
+        if (status)
+            status = addVertexGroups(meshData, converted.mesh);
         if (!status) {
             explain(error, ZString("cannot export '") + shapeNode.name + "': " + status.errorString());
             return status;

@@ -22,6 +22,12 @@ struct ExportPrimitive {
     std::vector<std::uint32_t> triangles; // indices into ExportMesh::triangles
 };
 
+// Vertices that move as one piece (a character of a text), by name.
+struct ExportVertexGroup {
+    std::string name;
+    std::vector<std::uint32_t> vertices;
+};
+
 // One evaluated mesh, already triangulated and in world space.
 struct ExportMesh {
     std::string name;
@@ -32,6 +38,8 @@ struct ExportMesh {
     std::vector<Float4> colors;      // linear RGBA, one per vertex; empty: no vertex colours
     // A triangle listed in no primitive is written with the default material, so none is ever dropped.
     std::vector<ExportPrimitive> primitives;
+    // The mesh's vertex groups, for writers that move pieces one by one; empty: it moves as a whole.
+    std::vector<ExportVertexGroup> vertexGroups;
 };
 
 } // namespace oz::exporter

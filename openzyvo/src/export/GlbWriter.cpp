@@ -4,9 +4,12 @@
 #include "export/MaterialGroups.h"
 #include "export/MeshGeometry.h"
 #include "export/SceneValidation.h"
+#include "export/TrsFit.h"
 #include "export/ValueIndex.h"
 
+#include <algorithm>
 #include <cstring>
+#include <limits>
 #include <sstream>
 #include <tiny_gltf.h>
 
@@ -135,6 +138,121 @@ tinygltf::Mesh toGltf(const ExportMesh& mesh, const std::vector<MaterialGroup>& 
     return gltf;
 }
 
+ExportStatus encode(tinygltf::Model& model, const std::filesystem::path& glbPath) {
+    std::ostringstream glb;
+    tinygltf::TinyGLTF writer;
+    if (!writer.WriteGltfSceneToStream(&model, glb, false, true))
+        return ExportStatus::failure(ExportCode::kWriteFailed,
+                                     "cannot encode glTF for '" + glbPath.string() + "'");
+    return writeFile(glbPath, glb.str());
+}
+
+std::string frameText(double frame) {
+    std::ostringstream text;
+    text << frame;
+    return text.str();
+}
+
+// One piece of an animated scene: vertices of one mesh that move as one.
+struct Piece {
+    std::string name;
+    std::size_t mesh = 0;
+    std::vector<std::uint32_t> vertices;
+};
+
+ExportStatus invalid(std::string message) {
+    return ExportStatus::failure(ExportCode::kInvalidMesh, std::move(message));
+}
+
+// The vertex groups of each mesh, and what of the mesh lies outside them, as pieces; and each piece as a
+// mesh of its own (split.meshes[p] for pieces[p]), with the primitives, normals, uvs and colours of its
+// triangles.
+ExportStatus splitIntoPieces(const ExportScene& scene, std::vector<Piece>& pieces, ExportScene& split) {
+    split.materials = scene.materials;
+    for (std::size_t m = 0; m < scene.meshes.size(); ++m) {
+        const ExportMesh& mesh = scene.meshes[m];
+        constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
+        std::vector<std::size_t> owner(mesh.positions.size(), kNone);
+        const std::size_t first = pieces.size();
+        for (const ExportVertexGroup& group : mesh.vertexGroups) {
+            Piece piece{group.name, m, {}};
+            for (std::uint32_t v : group.vertices) {
+                if (v >= owner.size())
+                    return invalid("the vertex group '" + group.name + "' names vertex " + std::to_string(v) +
+                                   ", which '" + mesh.name + "' does not have");
+                if (owner[v] == kNone) {
+                    owner[v] = pieces.size();
+                    piece.vertices.push_back(v);
+                }
+            }
+            pieces.push_back(std::move(piece));
+        }
+        Piece rest{mesh.name, m, {}};
+        for (const Triangle& triangle : mesh.triangles)
+            for (std::uint32_t v : triangle)
+                if (owner[v] == kNone) {
+                    owner[v] = pieces.size();
+                    rest.vertices.push_back(v);
+                }
+        if (!rest.vertices.empty())
+            pieces.push_back(std::move(rest));
+
+        std::vector<std::uint32_t> local(mesh.positions.size(), 0);
+        for (std::size_t p = first; p < pieces.size(); ++p) {
+            ExportMesh out;
+            out.name = pieces[p].name;
+            for (std::uint32_t v : pieces[p].vertices) {
+                local[v] = static_cast<std::uint32_t>(out.positions.size());
+                out.positions.push_back(mesh.positions[v]);
+                if (!mesh.colors.empty())
+                    out.colors.push_back(mesh.colors[v]);
+            }
+            split.meshes.push_back(std::move(out));
+        }
+        std::vector<std::uint32_t> localTriangle(mesh.triangles.size(), 0);
+        for (std::size_t t = 0; t < mesh.triangles.size(); ++t) {
+            const Triangle& triangle = mesh.triangles[t];
+            const std::size_t p = owner[triangle[0]];
+            if (owner[triangle[1]] != p || owner[triangle[2]] != p)
+                return invalid(
+                    "a triangle of '" + mesh.name + "' joins the pieces '" + pieces[owner[triangle[0]]].name +
+                    "' and '" +
+                    pieces[owner[triangle[1]] != p ? owner[triangle[1]] : owner[triangle[2]]].name +
+                    "', which cannot move apart");
+            ExportMesh& out = split.meshes[p];
+            localTriangle[t] = static_cast<std::uint32_t>(out.triangles.size());
+            out.triangles.push_back({local[triangle[0]], local[triangle[1]], local[triangle[2]]});
+            for (std::size_t c = 0; c < 3; ++c) {
+                if (!mesh.normals.empty())
+                    out.normals.push_back(mesh.normals[t * 3 + c]);
+                if (!mesh.uvs.empty())
+                    out.uvs.push_back(mesh.uvs[t * 3 + c]);
+            }
+        }
+        for (const ExportPrimitive& primitive : mesh.primitives)
+            for (std::uint32_t t : primitive.triangles) {
+                ExportMesh& out = split.meshes[owner[mesh.triangles[t][0]]];
+                if (out.primitives.empty() || out.primitives.back().material != primitive.material)
+                    out.primitives.push_back({primitive.material, {}});
+                out.primitives.back().triangles.push_back(localTriangle[t]);
+            }
+    }
+    return ExportStatus::success();
+}
+
+// How far apart points may be and still count as the same: a small part of the scene's height.
+double toleranceOf(const ExportScene& scene) {
+    Bounds bounds;
+    for (const ExportMesh& mesh : scene.meshes)
+        for (const Float3& p : mesh.positions)
+            bounds.add(p);
+    double extent = double{bounds.max[1] - bounds.min[1]};
+    if (!(extent > 0.0))
+        extent =
+            std::max({double{bounds.max[0] - bounds.min[0]}, double{bounds.max[2] - bounds.min[2]}, 1.0});
+    return extent * kAnimationTolerance;
+}
+
 } // namespace
 
 ExportStatus writeGlb(const ExportScene& scene, const std::filesystem::path& glbPath) {
@@ -162,13 +280,122 @@ ExportStatus writeGlb(const ExportScene& scene, const std::filesystem::path& glb
     }
     model.scenes.push_back(gltfScene);
     model.defaultScene = 0;
+    return encode(model, glbPath);
+}
 
-    std::ostringstream glb;
-    tinygltf::TinyGLTF writer;
-    if (!writer.WriteGltfSceneToStream(&model, glb, false, true))
-        return ExportStatus::failure(ExportCode::kWriteFailed,
-                                     "cannot encode glTF for '" + glbPath.string() + "'");
-    return writeFile(glbPath, glb.str());
+ExportStatus writeAnimatedGlb(const std::vector<ExportScene>& frames, const std::vector<double>& frameNumbers,
+                              const std::vector<double>& seconds, const std::filesystem::path& glbPath) {
+    if (frames.empty() || frames.size() != seconds.size() || frames.size() != frameNumbers.size())
+        return invalid("an animation needs one scene, one frame number and one time per frame");
+    for (std::size_t f = 0; f < frames.size(); ++f) {
+        if (ExportStatus status = validateScene(frames[f]); !status)
+            return status;
+        bool same = frames[f].meshes.size() == frames[0].meshes.size();
+        for (std::size_t m = 0; same && m < frames[0].meshes.size(); ++m)
+            same = frames[f].meshes[m].positions.size() == frames[0].meshes[m].positions.size();
+        if (!same)
+            return invalid("the meshes at frame " + frameText(frameNumbers[f]) +
+                           " have other vertices than at frame " + frameText(frameNumbers[0]) +
+                           "; an animation can only move them");
+        if (f > 0 && !(seconds[f] > seconds[f - 1]))
+            return invalid("the frames of an animation must follow one another in time");
+    }
+
+    std::vector<Piece> pieces;
+    ExportScene split;
+    if (ExportStatus status = splitIntoPieces(frames[0], pieces, split); !status)
+        return status;
+    const GroupedScene grouped = groupByMaterial(split);
+    const double tolerance = toleranceOf(frames[0]);
+
+    tinygltf::Model model;
+    model.asset.version = "2.0";
+    model.asset.generator = "zyvo";
+    ModelBuilder builder(model);
+    for (const ExportMaterial& material : grouped.materials)
+        model.materials.push_back(toGltf(material));
+
+    const std::vector<float> times(seconds.begin(), seconds.end());
+    const int input = builder.addAccessor(times, TINYGLTF_COMPONENT_TYPE_FLOAT, TINYGLTF_TYPE_SCALAR, 0);
+    builder.accessor(input).minValues = {times.front()};
+    builder.accessor(input).maxValues = {times.back()};
+
+    tinygltf::Scene gltfScene;
+    tinygltf::Animation animation;
+    animation.name = "frames " + frameText(frameNumbers.front()) + "-" + frameText(frameNumbers.back());
+    for (std::size_t p = 0; p < pieces.size(); ++p) {
+        if (grouped.groups[p].empty())
+            continue;
+        const Piece& piece = pieces[p];
+        const std::vector<Float3>& rest = split.meshes[p].positions;
+        std::vector<Float3> translations;
+        std::vector<Float4> rotations;
+        std::vector<Float3> scales;
+        std::vector<Float3> moved(rest.size());
+        for (std::size_t f = 0; f < frames.size(); ++f) {
+            const std::vector<Float3>& positions = frames[f].meshes[piece.mesh].positions;
+            for (std::size_t i = 0; i < piece.vertices.size(); ++i)
+                moved[i] = positions[piece.vertices[i]];
+            const TrsFit fit = fitTrs(rest, moved, tolerance);
+            if (!fit.trs)
+                return invalid(
+                    "cannot animate '" + piece.name + "' at frame " + frameText(frameNumbers[f]) +
+                    ": its points do not move by one translation, rotation and scale of its shape at "
+                    "frame " +
+                    frameText(frameNumbers[0]) + " (the closest fit is " + frameText(fit.largestError) +
+                    " off, more than the " + frameText(tolerance) + " allowed)");
+            std::array<double, 4> q = fit.trs->rotation;
+            // Neighbouring keys on the same side of the sphere, so that the viewer turns the short way.
+            if (!rotations.empty()) {
+                const Float4& last = rotations.back();
+                if (q[0] * last[0] + q[1] * last[1] + q[2] * last[2] + q[3] * last[3] < 0.0)
+                    q = {-q[0], -q[1], -q[2], -q[3]};
+            }
+            const Trs& trs = *fit.trs;
+            translations.push_back({static_cast<float>(trs.translation[0]),
+                                    static_cast<float>(trs.translation[1]),
+                                    static_cast<float>(trs.translation[2])});
+            rotations.push_back({static_cast<float>(q[0]), static_cast<float>(q[1]), static_cast<float>(q[2]),
+                                 static_cast<float>(q[3])});
+            scales.push_back({static_cast<float>(trs.scale[0]), static_cast<float>(trs.scale[1]),
+                              static_cast<float>(trs.scale[2])});
+        }
+
+        model.meshes.push_back(toGltf(split.meshes[p], grouped.groups[p], builder));
+        tinygltf::Node node;
+        node.name = piece.name;
+        node.mesh = static_cast<int>(model.meshes.size() - 1);
+        node.translation.assign(translations[0].begin(), translations[0].end());
+        node.rotation.assign(rotations[0].begin(), rotations[0].end());
+        node.scale.assign(scales[0].begin(), scales[0].end());
+        model.nodes.push_back(node);
+        const int nodeIndex = static_cast<int>(model.nodes.size() - 1);
+        gltfScene.nodes.push_back(nodeIndex);
+
+        const auto channel = [&](const char* path, int output) {
+            tinygltf::AnimationSampler sampler;
+            sampler.input = input;
+            sampler.output = output;
+            sampler.interpolation = "LINEAR";
+            animation.samplers.push_back(sampler);
+            tinygltf::AnimationChannel target;
+            target.sampler = static_cast<int>(animation.samplers.size() - 1);
+            target.target_node = nodeIndex;
+            target.target_path = path;
+            animation.channels.push_back(target);
+        };
+        channel("translation",
+                builder.addAccessor(translations, TINYGLTF_COMPONENT_TYPE_FLOAT, TINYGLTF_TYPE_VEC3, 0));
+        channel("rotation",
+                builder.addAccessor(rotations, TINYGLTF_COMPONENT_TYPE_FLOAT, TINYGLTF_TYPE_VEC4, 0));
+        channel("scale", builder.addAccessor(scales, TINYGLTF_COMPONENT_TYPE_FLOAT, TINYGLTF_TYPE_VEC3, 0));
+    }
+    if (gltfScene.nodes.empty())
+        return ExportStatus::failure(ExportCode::kEmptyScene, "nothing to animate: no mesh holds a triangle");
+    model.animations.push_back(std::move(animation));
+    model.scenes.push_back(gltfScene);
+    model.defaultScene = 0;
+    return encode(model, glbPath);
 }
 
 } // namespace oz::exporter

@@ -1,12 +1,13 @@
+#include "export/ExportCollector.h"
 #include "export/GlbWriter.h"
 #include "export/ObjWriter.h"
 #include "export/PreviewRenderer.h"
 #include "export/StlWriter.h"
 #include "graph/Graph.h"
 #include "host/MeshSceneData.h"
-#include "export/ExportCollector.h"
 
 #include <OpenZyvo/ZGlobal.h>
+#include <OpenZyvo/ZTime.h>
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
@@ -76,7 +77,8 @@ ZStatus gatherMeshes(const std::vector<std::string>& nodes, MeshScene& scene) {
     }
     MeshScene gathered;
     ZString error;
-    const ZStatus status = oz::exporter::collectExportScene(objects, MeshSceneAccess::meshes(gathered), &error);
+    const ZStatus status =
+        oz::exporter::collectExportScene(objects, MeshSceneAccess::meshes(gathered), &error);
     if (!status) {
         std::string names;
         for (const std::string& node : nodes)
@@ -120,6 +122,32 @@ ZStatus writeMeshes(const MeshScene& scene, const std::string& file, const Previ
         break;
     }
     }
+    if (!written) {
+        reportError("Cannot export to " + file + ": " + written.message);
+        return ZStatus::kFailure;
+    }
+    return ZStatus::kSuccess;
+}
+
+ZStatus writeAnimatedMeshes(const std::vector<MeshScene>& frames, const std::vector<double>& frameNumbers,
+                            const std::string& file) {
+    if (meshFormatOf(file) != MeshFormat::Glb) {
+        reportError("Cannot write an animation to " + file + ": use .glb");
+        return ZStatus::kInvalidParameter;
+    }
+    const std::filesystem::path path(file);
+    if (const auto folder = path.parent_path(); !folder.empty()) {
+        std::error_code error;
+        std::filesystem::create_directories(folder, error);
+    }
+    std::vector<oz::exporter::ExportScene> scenes;
+    std::vector<double> seconds;
+    for (std::size_t f = 0; f < frames.size(); ++f) {
+        scenes.push_back(MeshSceneAccess::meshes(frames[f]));
+        seconds.push_back(f < frameNumbers.size() ? ZTime(frameNumbers[f]).as(ZTime::kSeconds) : 0.0);
+    }
+    const oz::exporter::ExportStatus written =
+        oz::exporter::writeAnimatedGlb(scenes, frameNumbers, seconds, path);
     if (!written) {
         reportError("Cannot export to " + file + ": " + written.message);
         return ZStatus::kFailure;

@@ -22,13 +22,27 @@ ZObject ZPxGeometryFilter::envelope;
 
 namespace {
 
-// Where the geometry of `output` is shown: the world matrix of the first DAG node it flows into.
-ZMatrix localToWorld(const ZPlug& output) {
+// Where the geometry of `output` is shown: the world matrix of the first DAG node it flows into,
+// through any deformers on the way (a deformer's input[i].inputGeom goes on as its outputGeom[i]).
+// `depth` stops a loop of deformers, which the graph would refuse anyway.
+ZMatrix localToWorld(const ZPlug& output, int depth = 0) {
     ZPlugArray destinations;
     output.destinations(destinations);
     for (const ZPlug& destination : destinations)
         if (oz::Node* node = oz::nodeOf(destination.node()); node && oz::nodes::isDagNode(*node))
             return oz::nodes::worldMatrixOf(*node);
+    if (depth > 64)
+        return ZMatrix();
+    for (const ZPlug& destination : destinations) {
+        if (!(destination.attribute() == ZPxGeometryFilter::inputGeom) || !destination.isChild())
+            continue;
+        const ZPlug element = destination.parent();
+        ZStatus status;
+        const ZPlug next = ZPlug(destination.node(), ZPxGeometryFilter::outputGeom)
+                               .elementByLogicalIndex(element.logicalIndex(), &status);
+        if (status)
+            return localToWorld(next, depth + 1);
+    }
     return ZMatrix();
 }
 

@@ -74,7 +74,7 @@ TEST(SceneValidation, EveryWriterRefusesInconsistentMeshesWithoutWritingAFile) {
 TEST(SceneValidation, ScenesWithoutTrianglesAreEmptyButEmptyMeshesBesideOthersAreSkipped) {
     TempDirectory dir;
     ExportScene empty;
-    empty.meshes.push_back(ExportMesh{"nothing", {}, {}, {}, {}, {}, {}});
+    empty.meshes.push_back(ExportMesh{"nothing", {}, {}, {}, {}, {}, {}, {}});
     for (const auto& [file, write] : writers()) {
         EXPECT_EQ(write(ExportScene{}, dir / file).code, ExportCode::kEmptyScene) << file;
         EXPECT_EQ(write(empty, dir / file).code, ExportCode::kEmptyScene) << file;

@@ -125,6 +125,22 @@ TEST_F(Deformer, LocalToWorldIsTheMatrixOfTheShapeShowingTheOutput) {
         << "the shape follows the deformer downstream";
 }
 
+// A deformer early in a chain places its geometry where the shape at the
+// end of the chain shows it, as the last one does.
+TEST_F(Deformer, LocalToWorldReachesThroughAChainOfDeformers) {
+    const ZObject transform = createDag("transform", "chained");
+    const ZObject shape = createDag("mesh", "chainedShape", transform);
+    setTriple(transform, "translate", 0, 0, 7);
+    const ZObject idle = createNode(IdleDeformer::kTypeName);
+    ASSERT_TRUE(inputGeom(0).setValue(quadStrip(1)));
+    connect(plug(deformer, "outputGeom[0]"), plug(idle, "input[0].inputGeom"));
+    connect(plug(idle, "outputGeom[0]"), plug(shape, "inMesh"));
+
+    plug(shape, "outMesh").asZObject();
+    ASSERT_EQ(node->calls.size(), 1u);
+    EXPECT_EQ(node->calls[0].localToWorld(3, 2), 7.0);
+}
+
 // Materials bound to object groups of a deformed mesh need the groups, with
 // their faces, on the shape at the end of a chain of deformers.
 TEST_F(Deformer, ObjectGroupsReachTheShapeThroughAChainOfDeformers) {

@@ -27,6 +27,9 @@ TEST_F(TypeScripts, CreateTextWiresACompleteTextObject) {
         EXPECT_THAT(sourcesOf(deformer + ".vertexGroupIds"), ElementsAre("typeExtrude1.vertexGroupIds"))
             << deformer;
     }
+    for (const std::string attribute :
+         {"manipulatorPositionsPP", "manipulatorWordRotationsPP", "manipulatorLineScalesPP", "alignmentMode"})
+        EXPECT_THAT(sourcesOf("vectorAdjust1." + attribute), ElementsAre("type1." + attribute)) << attribute;
     EXPECT_THAT(sourcesOf("typeExtrude1.vertsPerChar"), ElementsAre("type1.vertsPerChar"));
     EXPECT_THAT(sourcesOf("shellDeformer1.time"), ElementsAre("time1.outTime"));
 

@@ -17,6 +17,17 @@ _MATERIAL_PARTS = (
 )
 
 
+# What the type node stores of the manipulator's edits, which the
+# vectorAdjust applies to the solid. The type node's line offsets stay
+# behind: its mesh is already aligned, and the vectorAdjust would shift the
+# lines by them a second time.
+_ADJUSTMENTS = tuple(
+    "manipulator" + level + kind + "PP"
+    for kind in ("Positions", "Rotations", "Scales")
+    for level in ("", "Word", "Line")
+) + ("alignmentMode", "manipulatorMode")
+
+
 def typeCreateText():
     """Creates a text object and returns the names of its nodes: the type
     node, the typeExtrude node, the shellDeformer, the vectorAdjust, the
@@ -69,6 +80,8 @@ def _build(created):
         cmds.connectAttr(text + ".grouping", deformer + ".grouping")
         cmds.connectAttr(text + ".vertsPerChar", deformer + ".vertsPerChar")
         cmds.connectAttr(extrude + ".vertexGroupIds", deformer + ".vertexGroupIds")
+    for attribute in _ADJUSTMENTS:
+        cmds.connectAttr(text + "." + attribute, adjust + "." + attribute)
     cmds.connectAttr(text + ".vertsPerChar", extrude + ".vertsPerChar")
     cmds.connectAttr("time1.outTime", animation + ".time")
 

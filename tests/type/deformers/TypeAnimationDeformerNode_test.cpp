@@ -1,0 +1,166 @@
+#include "../GoldenTable.h"
+#include "DeformerNodeTesting.h"
+
+#include <OpenZyvo/ZFnAttribute.h>
+#include <OpenZyvo/ZFnDependencyNode.h>
+#include <algorithm>
+
+namespace typetest {
+namespace {
+
+using ::testing::DoubleNear;
+using ::testing::Pointwise;
+
+class ShellDeformerNode : public DeformerNodeTest {
+protected:
+    void SetUp() override {
+        DeformerNodeTest::SetUp();
+        // "AB C": two words on one line.
+        setText("41 42 20 43");
+        wire("shellDeformer", "shellDeformer1");
+        ASSERT_TRUE(run("connectAttr time1.outTime shellDeformer1.time"));
+        ASSERT_TRUE(run("setAttr shellDeformer1.enableAnimation 1"));
+        ASSERT_TRUE(run("setAttr shellDeformer1.offsetFrames 10"));
+        // Y rises from 0 at frame 0 to 10 at frame 10.
+        ASSERT_TRUE(run("setKeyframe -t 0 -v 0 -at animationPositionY shellDeformer1"));
+        ASSERT_TRUE(run("setKeyframe -t 10 -v 10 -at animationPositionY shellDeformer1"));
+    }
+
+    // How far each character rose: the mean y offset of its vertices, and
+    // whether they all rose by the same amount.
+    static std::vector<double> rises(const std::string& deformer = "shellDeformer1") {
+        const std::vector<ZPoint> before = points();
+        const std::vector<ZPoint> after = deformed(deformer);
+        EXPECT_EQ(before.size(), after.size());
+        std::vector<double> out;
+        for (const std::vector<int>& character : characters()) {
+            const double rise = after[static_cast<std::size_t>(character[0])].y -
+                                before[static_cast<std::size_t>(character[0])].y;
+            for (int v : character) {
+                const auto at = static_cast<std::size_t>(v);
+                EXPECT_NEAR(after[at].y - before[at].y, rise, 1e-9);
+                EXPECT_NEAR(after[at].x, before[at].x, 1e-9);
+            }
+            out.push_back(rise);
+        }
+        return out;
+    }
+
+    static double keyedAt(double frame) {
+        return real("getAttr -t " + std::to_string(frame) + " shellDeformer1.animationPositionY");
+    }
+};
+
+TEST_F(ShellDeformerNode, HasItsAttributesInOrder) {
+    const ZFnDependencyNode node(nodeNamed("shellDeformer1"));
+    std::vector<std::string> created;
+    bool own = false;
+    for (unsigned int i = 0; i < node.attributeCount(); ++i) {
+        const ZFnAttribute fn(node.attribute(i));
+        own = own || fn.name() == "triggeredByHOVA";
+        if (own && fn.parent().isNull())
+            created.push_back(fn.name().asStdString());
+    }
+    std::vector<std::string> expected;
+    for (const GoldenRow& row : readGoldenTable("shelldeformer_attributes.tsv", 1))
+        expected.push_back(row[0]);
+    EXPECT_EQ(created, expected);
+}
+
+TEST_F(ShellDeformerNode, DisabledAnimationPassesTheSolidThrough) {
+    ASSERT_TRUE(run("setAttr shellDeformer1.enableAnimation 0"));
+    ASSERT_TRUE(run("currentTime 5"));
+    const std::vector<ZPoint> before = points();
+    const std::vector<ZPoint> after = deformed("shellDeformer1");
+    ASSERT_EQ(before.size(), after.size());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        ASSERT_TRUE(before[i] == after[i]) << i;
+}
+
+TEST_F(ShellDeformerNode, EachCharacterSamplesTheKeysAtItsDelayedTime) {
+    ASSERT_TRUE(run("currentTime 8"));
+    const std::vector<double> rose = rises();
+    ASSERT_EQ(rose.size(), 3u);
+    // Three characters over 10 frames: delays 0, 5 and 10.
+    EXPECT_NEAR(rose[0], keyedAt(8), 1e-9);
+    EXPECT_NEAR(rose[1], keyedAt(3), 1e-9);
+    EXPECT_NEAR(rose[2], keyedAt(-2), 1e-9);
+    EXPECT_GT(rose[0], rose[1]);
+}
+
+TEST_F(ShellDeformerNode, ReverseOrderStartsWithTheLastCharacter) {
+    ASSERT_TRUE(run("setAttr shellDeformer1.reverseOrder 1"));
+    ASSERT_TRUE(run("currentTime 8"));
+    const std::vector<double> rose = rises();
+    ASSERT_EQ(rose.size(), 3u);
+    EXPECT_NEAR(rose[0], keyedAt(-2), 1e-9);
+    EXPECT_NEAR(rose[2], keyedAt(8), 1e-9);
+}
+
+TEST_F(ShellDeformerNode, RandomOrderIsTheSameOnEveryEvaluation) {
+    ASSERT_TRUE(run("setAttr shellDeformer1.randomDelay 1"));
+    ASSERT_TRUE(run("setAttr shellDeformer1.randomSeed 4"));
+    ASSERT_TRUE(run("currentTime 6"));
+    const std::vector<double> first = rises();
+    ASSERT_TRUE(run("currentTime 2"));
+    rises();
+    ASSERT_TRUE(run("currentTime 6"));
+    EXPECT_EQ(rises(), first);
+    // The delays are a permutation of those in text order.
+    std::vector<double> sorted = first;
+    std::sort(sorted.begin(), sorted.end());
+    EXPECT_THAT(sorted, Pointwise(DoubleNear(1e-9), {keyedAt(-4), keyedAt(1), keyedAt(6)}));
+}
+
+TEST_F(ShellDeformerNode, WordsMoveAsOne) {
+    ASSERT_TRUE(run("setAttr shellDeformer1.animationMode 2"));
+    ASSERT_TRUE(run("currentTime 8"));
+    const std::vector<double> rose = rises();
+    ASSERT_EQ(rose.size(), 3u);
+    // Two words over 10 frames: delays 0 and 10.
+    EXPECT_NEAR(rose[0], keyedAt(8), 1e-9);
+    EXPECT_NEAR(rose[1], keyedAt(8), 1e-9);
+    EXPECT_NEAR(rose[2], keyedAt(-2), 1e-9);
+}
+
+TEST_F(ShellDeformerNode, WithoutGroupsEveryShellIsACharacter) {
+    ASSERT_TRUE(run("disconnectAttr typeExtrude1.vertexGroupIds shellDeformer1.vertexGroupIds"));
+    ASSERT_TRUE(run("disconnectAttr type1.grouping shellDeformer1.grouping"));
+    ASSERT_TRUE(run("setAttr shellDeformer1.enablePivotDisplay 1"));
+    ASSERT_TRUE(run("currentTime 8"));
+    EXPECT_EQ(rises().size(), 3u);
+    EXPECT_EQ(vectors("shellDeformer1", "rotationPivotPointsPP").size(), 3u);
+    // "i" has two shells, so two elements; the dot lags behind the stem.
+    setText("69");
+    ASSERT_TRUE(run("currentTime 8"));
+    EXPECT_EQ(vectors("shellDeformer1", "rotationPivotPointsPP").size(), 2u);
+}
+
+TEST_F(ShellDeformerNode, OnePerParticleOffsetMovesEveryCharacter) {
+    ASSERT_TRUE(run("currentTime -20"));
+    const ZObject offsets = ZFnVectorArrayData().create(ZVectorArray({ZVector(0, 3, 0)}));
+    ASSERT_TRUE(plugNamed("shellDeformer1", "positionInPP").setValue(offsets));
+    const std::vector<double> rose = rises();
+    ASSERT_EQ(rose.size(), 3u);
+    for (double rise : rose)
+        EXPECT_NEAR(rise, 3.0 + keyedAt(-20), 1e-9);
+}
+
+TEST_F(ShellDeformerNode, PivotOutputsOnlyWhenShown) {
+    ASSERT_TRUE(run("currentTime 4"));
+    EXPECT_TRUE(vectors("shellDeformer1", "scalePivotPointsPP").empty());
+    ASSERT_TRUE(run("setAttr shellDeformer1.enablePivotDisplay 1"));
+    ASSERT_TRUE(run("setAttr shellDeformer1.xPivotLocation 0"));
+    const std::vector<ZVector> pivots = vectors("shellDeformer1", "scalePivotPointsPP");
+    ASSERT_EQ(pivots.size(), 3u);
+    const std::vector<ZPoint> before = points();
+    const std::vector<std::vector<int>> groups = characters();
+    ASSERT_EQ(groups.size(), 3u);
+    double left = 1e300;
+    for (int v : groups[1])
+        left = std::min(left, before[static_cast<std::size_t>(v)].x);
+    EXPECT_NEAR(pivots[1].x, left, 1e-9);
+}
+
+} // namespace
+} // namespace typetest

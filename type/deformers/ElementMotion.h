@@ -1,0 +1,101 @@
+#pragma once
+
+#include "deformers/ElementDiscovery.h"
+#include "deformers/PivotTransform.h"
+
+#include <array>
+#include <cmath>
+#include <span>
+#include <vector>
+
+namespace type {
+
+// What the elements move by; the groups of animationMode. Words and lines
+// rotate as blocks about a pivot on their own span.
+enum class AnimationGrouping { Character = 1, Word = 2, Line = 3 };
+
+// The nine animation channels, in the order their sampled values are kept.
+enum AnimationChannel {
+    kPositionX,
+    kPositionY,
+    kPositionZ,
+    kRotationX,
+    kRotationY,
+    kRotationZ,
+    kScaleX,
+    kScaleY,
+    kScaleZ,
+    kChannelCount
+};
+
+// One evaluation's inputs to the per-element motion, read once on the
+// evaluating thread and then shared read-only by the element tasks.
+struct AnimationFrame {
+    float envelope = 1.0f;
+    Point3 pivotLocation{0.5, 0.5, 0.5};
+    std::array<bool, 3> localRotationPivot{true, false, true};
+    std::array<bool, 3> localScalePivot{true, false, true};
+    AnimationGrouping grouping = AnimationGrouping::Character;
+    std::vector<double> solidsPerCharacter;
+    std::vector<double> solidsPerWord;
+    std::vector<double> solidsPerLine;
+    // Per-particle offsets, indexed by element modulo their length.
+    std::vector<Point3> positionIn;
+    std::vector<Point3> rotationIn; // radians
+    std::vector<Point3> scaleIn;
+    // The channels' current values.
+    Point3 position;
+    Point3 rotation; // radians
+    Point3 scale{1.0, 1.0, 1.0};
+    // Each channel sampled at each group's delayed time (rotations in radians).
+    std::array<std::vector<double>, kChannelCount> sampled;
+};
+
+// The groups whose delayed times are sampled: characters, words or lines.
+int groupCount(const AnimationFrame& frame);
+
+// How one element moves: scaled by `scale` about `scalePivot`, then turned by
+// `rotationDegrees` about `rotationPivot`, after the translation.
+struct ElementMotion {
+    Point3 translation;
+    Point3 rotationDegrees;
+    Point3 scale{1.0, 1.0, 1.0};
+    Point3 rotationPivot;
+    Point3 scalePivot;
+
+    bool moves() const {
+        return translation.x != 0.0 || translation.y != 0.0 || translation.z != 0.0 ||
+               rotationDegrees.x != 0.0 || rotationDegrees.y != 0.0 || rotationDegrees.z != 0.0 ||
+               scale.x != 1.0 || scale.y != 1.0 || scale.z != 1.0;
+    }
+};
+
+ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element);
+
+// Moves the points of one element in place; any point type with x, y and z
+// will do, so the host's point arrays are moved without a copy. Vertex ids
+// beyond the points are skipped; a coordinate that comes out NaN keeps its
+// input value.
+template <class Point>
+void moveElement(const ElementMotion& motion, std::span<const int> vertices, std::span<Point> points) {
+    if (!motion.moves())
+        return;
+    const PivotTransform scaling(motion.scalePivot, {}, motion.scale);
+    const PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1.0, 1.0, 1.0});
+    for (int v : vertices) {
+        if (v < 0 || static_cast<std::size_t>(v) >= points.size())
+            continue;
+        Point& point = points[static_cast<std::size_t>(v)];
+        const Point3 moved =
+            turning.apply(scaling.apply({point.x + motion.translation.x, point.y + motion.translation.y,
+                                         point.z + motion.translation.z}));
+        if (!std::isnan(moved.x))
+            point.x = moved.x;
+        if (!std::isnan(moved.y))
+            point.y = moved.y;
+        if (!std::isnan(moved.z))
+            point.z = moved.z;
+    }
+}
+
+} // namespace type
