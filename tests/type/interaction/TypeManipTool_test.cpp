@@ -152,8 +152,10 @@ TEST_F(TypeManipTool, AClickBesideTheTextEditsTheFirstElement) {
 }
 
 TEST_F(TypeManipTool, AStoredArrayShorterThanTheElementLeavesTheAdjustAlone) {
-    // A text emptied keeps no stored edits of its words.
+    // An emptied text leaves its word arrays as they are; a scene may hold them shorter.
     ASSERT_TRUE(run("setAttr -type \"string\" type1.textInput \"\""));
+    for (const char* kind : {"Positions", "Rotations", "Scales"})
+        ASSERT_TRUE(run(std::string("setAttr type1.manipulatorWord") + kind + "PP -type vectorArray 0"));
     ASSERT_TRUE(run("setAttr type1.positionAdjust 7 8 9"));
     ASSERT_TRUE(run("select typeMesh1"));
     ::testing::internal::CaptureStderr();
@@ -181,7 +183,8 @@ TEST_F(TypeManipTool, EachModeFeedsTheAdjustFromItsOwnArrays) {
     ASSERT_TRUE(ZGlobal::executeCommand("dragManipulator -move 0 0 2", false, true));
 
     ASSERT_TRUE(run("setAttr type1.manipulatorMode 0"));
-    clickOn(onY);
+    // The solid shows the edits: the character has moved.
+    clickOn(pointOnCharacter(3));
     EXPECT_EQ(triple("positionAdjust"), (std::vector<double>{1, 0, 0})) << "the character's edit comes back";
     EXPECT_THAT(stored("manipulatorLinePositionsPP"), ElementsAre(ZVector(0, 0, 2)));
     EXPECT_THAT(stored("manipulatorWordPositionsPP"), Each(ZVector()));
