@@ -31,17 +31,12 @@ void fontNode::postConstructor() {
     m_callbackIds.append(id);
 }
 
-// A new value of an adjust attribute is an edit to store, into the element
-// current as it is made: the node may be evaluated only after the tool has
-// moved on to another element or mode. A new mode or element alone is no
-// edit, or its old values would land on the new element.
+// A new value of an adjust attribute is an edit to store; a new mode or
+// element alone is not, or its old values would land on the new element.
 ZStatus fontNode::setDependentsDirty(const ZPlug& plug, ZPlugArray&) {
     const ZPlug whole = plug.isChild() ? plug.parent() : plug;
-    if (whole == positionAdjust || whole == rotationAdjust || whole == scaleAdjust) {
-        const ZObject node = thisZObject();
-        m_compute.adjustmentEdited(static_cast<ManipulatorMode>(ZPlug(node, manipulatorMode).asShort()),
-                                   ZPlug(node, manipulateId).asInt());
-    }
+    if (whole == positionAdjust || whole == rotationAdjust || whole == scaleAdjust)
+        m_compute.adjustmentEdited();
     return ZStatus::kSuccess;
 }
 

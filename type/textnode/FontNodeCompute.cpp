@@ -28,7 +28,6 @@
 #include <algorithm>
 #include <initializer_list>
 #include <iostream>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -426,7 +425,7 @@ ZStatus FontNodeCompute::computeManipulatorTransforms(ZDataBlock& block) {
     ManipulatorEdit edit;
     edit.mode = static_cast<ManipulatorMode>(values.stored(fontNode::manipulatorMode).asShort());
     edit.id = values.stored(fontNode::manipulateId).asInt();
-    edit.store = false;
+    edit.store = std::exchange(m_adjustmentEdited, false);
     std::optional<FontMessage> unusable;
     const auto adjustment = [&](const ZObject& attribute) {
         const std::array<double, 3> value = values.input(attribute).asDouble3();
@@ -449,12 +448,6 @@ ZStatus FontNodeCompute::computeManipulatorTransforms(ZDataBlock& block) {
     }
 
     const ShellGrouping grouping{perCharacter.asVector(), perWord.asVector(), perLine.asVector()};
-    if (const auto edited = std::exchange(m_editedElement, std::nullopt)) {
-        ManipulatorEdit stored = edit;
-        std::tie(stored.mode, stored.id) = *edited;
-        stored.store = true;
-        applyManipulatorEdit(arrays, grouping, stored, m_characterBoxes);
-    }
     const std::optional<ManipulatorPlacement> placement =
         applyManipulatorEdit(arrays, grouping, edit, m_characterBoxes);
 

@@ -5,13 +5,11 @@
 #include "layout/GlyphOutlineCache.h"
 #include "layout/LayoutResult.h"
 #include "layout/TypeSettings.h"
-#include "shells/ShellGrouping.h"
 
 #include <OpenZyvo/ZObject.h>
 #include <OpenZyvo/ZStatus.h>
 #include <cstddef>
 #include <optional>
-#include <utility>
 #include <vector>
 
 class ZDataBlock;
@@ -47,9 +45,8 @@ class FontNodeCompute {
 public:
     ZStatus compute(const ZObject& node, const ZPlug& plug, ZDataBlock& block);
 
-    // An adjust attribute changed while element `id` of `mode` was current:
-    // the next manipulator evaluation stores the edit there.
-    void adjustmentEdited(ManipulatorMode mode, int id) { m_editedElement = {mode, id}; }
+    // An adjust attribute changed: the next manipulator evaluation stores the edit.
+    void adjustmentEdited() { m_adjustmentEdited = true; }
 
     // Glyph outlines this node has decomposed since it was created.
     std::size_t glyphDecompositions() const { return m_glyphs.decompositions(); }
@@ -75,7 +72,7 @@ private:
     // Characters with a box at the last full evaluation; the manipulator is
     // placed only while the stored character edits match them.
     std::size_t m_characterBoxes = 0;
-    std::optional<std::pair<ManipulatorMode, int>> m_editedElement;
+    bool m_adjustmentEdited = false;
 };
 
 } // namespace type

@@ -348,20 +348,6 @@ TEST_F(FontNodeEvaluation, SwitchingModeDoesNotCopyTheAdjustIntoTheNewElement) {
     EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[1], ZVector(1, 2, 3));
 }
 
-// An edit stays with the element that was current when it was made, even when the node is only
-// evaluated after the tool has moved on to another element.
-TEST_F(FontNodeEvaluation, AnEditEvaluatedAfterTheNextPickStaysWithItsElement) {
-    setText("Hi mom");
-    ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Character)));
-    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(1));
-    ASSERT_EQ(vectors(fontNode::manipulatorPositionsPP).size(), 5u);
-    for (int axis = 0; axis < 3; ++axis)
-        ASSERT_TRUE(plug(fontNode::positionAdjust).child(axis).setValue(1.0 + axis));
-    ASSERT_TRUE(plug(fontNode::manipulateId).setValue(3));
-    EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[1], ZVector(1, 2, 3));
-    EXPECT_EQ(vectors(fontNode::manipulatorPositionsPP)[3], ZVector());
-}
-
 TEST_F(FontNodeEvaluation, UnusableManipulatorEditsAreShownAndNotStored) {
     setText("Hi");
     ASSERT_TRUE(plug(fontNode::manipulatorMode).setValue(static_cast<short>(ManipulatorMode::Character)));
