@@ -100,11 +100,71 @@ protected:
         ASSERT_TRUE(ZGlobal::executeCommand("viewClick -x 320 -y 240", false, true));
     }
 
+    // The points of the text object's solid, as its shape shows them.
+    std::vector<ZPoint> solidPoints() {
+        ZPointArray points;
+        EXPECT_TRUE(ZFnMesh(nodeNamed("typeMesh1Shape")).getPoints(points));
+        return points.asVector();
+    }
+
+    // "Type", the second word, moved up by 5, turned 30 degrees about Z and
+    // doubled about its pivot; "3D" as it was.
+    void expectWordMovedRotatedAndScaled(const std::vector<ZPoint>& before,
+                                         const std::vector<ZPoint>& after) {
+        ASSERT_EQ(after.size(), before.size());
+        // The words lie apart along x: the widest gap between the solid's points parts them.
+        std::vector<double> xs;
+        for (const ZPoint& p : before)
+            xs.push_back(p.x);
+        std::sort(xs.begin(), xs.end());
+        std::size_t widest = 1;
+        for (std::size_t i = 1; i < xs.size(); ++i)
+            if (xs[i] - xs[i - 1] > xs[widest] - xs[widest - 1])
+                widest = i;
+        const double split = (xs[widest] + xs[widest - 1]) / 2;
+        std::vector<std::size_t> word;
+        for (std::size_t i = 0; i < before.size(); ++i) {
+            if (before[i].x < split) {
+                EXPECT_NEAR((after[i] - before[i]).length(), 0.0, 1e-9) << "vertex " << i << " of \"3D\"";
+                continue;
+            }
+            word.push_back(i);
+        }
+        ASSERT_GT(word.size(), 10u);
+        // A similarity: every distance doubles and every direction in the
+        // plane of the text turns by 30 degrees.
+        const std::size_t a = word.front();
+        const double turn = 30.0 * M_PI / 180.0;
+        for (const std::size_t b : word) {
+            const ZVector was = before[b] - before[a];
+            const ZVector is = after[b] - after[a];
+            EXPECT_NEAR(is.length(), 2 * was.length(), 1e-6) << "vertex " << b;
+            const ZVector turned(std::cos(turn) * was.x - std::sin(turn) * was.y,
+                                 std::sin(turn) * was.x + std::cos(turn) * was.y, was.z);
+            EXPECT_NEAR((is - 2 * turned).length(), 0.0, 1e-6) << "vertex " << b;
+        }
+        // The point the turn and the scale keep in place, less the move: the
+        // word's pivot, its left end on the baseline.
+        const ZPoint rhs = after[a] - ZVector(0, 5, 0);
+        const ZVector was(before[a].x, before[a].y, 0);
+        const ZVector turnedA(2 * (std::cos(turn) * was.x - std::sin(turn) * was.y),
+                              2 * (std::sin(turn) * was.x + std::cos(turn) * was.y), 0);
+        // (I - 2R) c = rhs - 2R p, solved in the plane of the text.
+        const double m00 = 1 - 2 * std::cos(turn), m01 = 2 * std::sin(turn);
+        const double m10 = -2 * std::sin(turn), m11 = 1 - 2 * std::cos(turn);
+        const double bx = rhs.x - turnedA.x, by = rhs.y - turnedA.y;
+        const double det = m00 * m11 - m01 * m10;
+        const double cx = (bx * m11 - m01 * by) / det, cy = (m00 * by - m10 * bx) / det;
+        EXPECT_NEAR(cx, xs[widest], 1e-6);
+        EXPECT_NEAR(cy, 0.0, 1e-6);
+    }
+
     std::string m_tool;
 };
 
 TEST_F(TypeManipTool, ClickingTheSecondWordAndDraggingEditsThatWordOnly) {
     ASSERT_EQ(number("getAttr type1.manipulatorMode"), 1) << "a new text edits words";
+    const std::vector<ZPoint> rest = solidPoints();
     ASSERT_TRUE(run("setToolTo " + m_tool));
     const std::vector<std::string> before = texts("ls -sl");
     clickOn(pointOnCharacter(3));
@@ -130,12 +190,14 @@ TEST_F(TypeManipTool, ClickingTheSecondWordAndDraggingEditsThatWordOnly) {
     EXPECT_NEAR(rotations[1].z, 30, 1e-9);
     EXPECT_THAT(stored("manipulatorPositionsPP"), Each(ZVector())) << "the characters keep their own edits";
     EXPECT_THAT(stored("manipulatorLinePositionsPP"), Each(ZVector()));
+    expectWordMovedRotatedAndScaled(rest, solidPoints());
 
     // Each drag is one undo step, and the click another.
     for (int step = 0; step < 3; ++step)
         ASSERT_TRUE(run("undo"));
     EXPECT_THAT(stored("manipulatorWordPositionsPP"), ElementsAre(ZVector(), ZVector()));
     EXPECT_THAT(stored("manipulatorWordScalesPP"), ElementsAre(ZVector(), ZVector()));
+    EXPECT_EQ(solidPoints(), rest) << "undone, the solid is as it was";
     ASSERT_TRUE(run("undo"));
     EXPECT_EQ(texts("ls -sl"), before);
     EXPECT_EQ(texts("ls -type typeManip").size(), 0u) << "no text selected, no manipulator";
