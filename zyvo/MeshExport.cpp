@@ -2,7 +2,9 @@
 
 #include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvoHost/ZHostExport.h>
+#include <algorithm>
 #include <filesystem>
+#include <initializer_list>
 #include <map>
 
 namespace zyvo {
@@ -15,6 +17,11 @@ std::filesystem::path resolved(const std::filesystem::path& file) {
     std::error_code error;
     std::filesystem::path path = std::filesystem::weakly_canonical(file, error);
     return error ? std::filesystem::absolute(file, error).lexically_normal() : path;
+}
+
+bool hasFormat(const std::string& file, std::initializer_list<ZHost::MeshFormat> formats) {
+    const auto format = ZHost::meshFormatOf(file);
+    return format && std::find(formats.begin(), formats.end(), *format) != formats.end();
 }
 
 } // namespace
@@ -33,6 +40,24 @@ ZStatus checkDistinctFiles(const std::vector<std::string>& files) {
                                   written + "; each output must be a file of its own"));
             return ZStatus::kInvalidParameter;
         }
+    }
+    return ZStatus::kSuccess;
+}
+
+ZStatus checkMeshOutputs(const std::vector<std::string>& outputs, const std::string& preview,
+                         const std::string& what) {
+    if (const ZStatus status = checkDistinctFiles(outputs); !status)
+        return status;
+    for (const std::string& output : outputs) {
+        if (!hasFormat(output, {ZHost::MeshFormat::Obj, ZHost::MeshFormat::Stl, ZHost::MeshFormat::Glb})) {
+            ZGlobal::displayError(
+                ZString("Cannot write " + what + " to " + output + ": use .obj, .stl or .glb"));
+            return ZStatus::kInvalidParameter;
+        }
+    }
+    if (!preview.empty() && !hasFormat(preview, {ZHost::MeshFormat::Png})) {
+        ZGlobal::displayError(ZString("A preview is a .png file, not " + preview));
+        return ZStatus::kInvalidParameter;
     }
     return ZStatus::kSuccess;
 }

@@ -37,27 +37,6 @@ void reportError(const std::string& text) {
     ZGlobal::displayError(ZString(text));
 }
 
-bool hasFormat(const std::string& file, std::initializer_list<ZHost::MeshFormat> formats) {
-    const auto format = ZHost::meshFormatOf(file);
-    return format && std::find(formats.begin(), formats.end(), *format) != formats.end();
-}
-
-ZStatus checkFiles(const SvgRequest& request) {
-    if (const ZStatus status = checkDistinctFiles(request.outputs); !status)
-        return status;
-    for (const std::string& output : request.outputs) {
-        if (!hasFormat(output, {ZHost::MeshFormat::Obj, ZHost::MeshFormat::Stl, ZHost::MeshFormat::Glb})) {
-            reportError("Cannot write the artwork to " + output + ": use .obj, .stl or .glb");
-            return ZStatus::kInvalidParameter;
-        }
-    }
-    if (!request.preview.empty() && !hasFormat(request.preview, {ZHost::MeshFormat::Png})) {
-        reportError("A preview is a .png file, not " + request.preview);
-        return ZStatus::kInvalidParameter;
-    }
-    return ZStatus::kSuccess;
-}
-
 bool asksForSolid(const SolidRequest& solid) {
     return !solid.flat && (solid.extrude || solid.extrudeDivisions || solid.bevel || solid.bevelDistance ||
                            solid.bevelOffset || solid.bevelDivisions || solid.bevelStyle || solid.backBevel ||
@@ -200,7 +179,7 @@ void addSvgCommand(CLI::App& app, SvgRequest& request, std::function<void()> cho
 }
 
 ZStatus runSvg(const SvgRequest& request, Host& host) {
-    if (const ZStatus status = checkFiles(request); !status)
+    if (const ZStatus status = checkMeshOutputs(request.outputs, request.preview, "the artwork"); !status)
         return status;
     if (request.file != "-" && !QFileInfo(QString::fromStdString(request.file)).isFile()) {
         reportError("No SVG file at " + request.file);

@@ -49,27 +49,6 @@ void reportError(const std::string& text) {
     ZGlobal::displayError(ZString(text));
 }
 
-bool hasFormat(const std::string& file, std::initializer_list<ZHost::MeshFormat> formats) {
-    const auto format = ZHost::meshFormatOf(file);
-    return format && std::find(formats.begin(), formats.end(), *format) != formats.end();
-}
-
-ZStatus checkFiles(const TextRequest& request) {
-    if (const ZStatus status = checkDistinctFiles(request.outputs); !status)
-        return status;
-    for (const std::string& output : request.outputs) {
-        if (!hasFormat(output, {ZHost::MeshFormat::Obj, ZHost::MeshFormat::Stl, ZHost::MeshFormat::Glb})) {
-            reportError("Cannot write the text to " + output + ": use .obj, .stl or .glb");
-            return ZStatus::kInvalidParameter;
-        }
-    }
-    if (!request.preview.empty() && !hasFormat(request.preview, {ZHost::MeshFormat::Png})) {
-        reportError("A preview is a .png file, not " + request.preview);
-        return ZStatus::kInvalidParameter;
-    }
-    return ZStatus::kSuccess;
-}
-
 // The enum values the request named, as the nodes store them.
 struct NodeChoices {
     std::optional<short> alignment;
@@ -283,7 +262,7 @@ void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> c
 }
 
 ZStatus runText(const TextRequest& request, Host& host) {
-    if (const ZStatus status = checkFiles(request); !status)
+    if (const ZStatus status = checkMeshOutputs(request.outputs, request.preview, "the text"); !status)
         return status;
     if (const ZStatus status = loadTypePlugin(); !status)
         return status;

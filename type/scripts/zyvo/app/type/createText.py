@@ -41,58 +41,81 @@ def typeCreateText():
     get a Lambert shader and shading group of their own, bound through the
     object groups typeExtrude publishes.
     """
+    return buildWhole(_build)
+
+
+def buildWhole(build):
+    """Runs build(make), `make` creating a node like cmds.createNode, and
+    returns what it returns. Half an object would only confuse: when build
+    fails, the nodes made so far are deleted again.
+    """
     created = []
+
+    def make(*args, **flags):
+        created.append(cmds.createNode(*args, **flags))
+        return created[-1]
+
     try:
-        return _build(created)
+        return build(make)
     except Exception:
-        # Half a text object would only confuse; take back what was made.
         for node in reversed(created):
             if cmds.objExists(node):
                 cmds.delete(node)
         raise
 
 
-def _build(created):
-    def make(*args, **flags):
-        created.append(cmds.createNode(*args, **flags))
-        return created[-1]
-
+def _build(make):
     text = make("type")
     cmds.setAttr(text + ".currentFont", DEFAULT_FONT[0], type="string")
     cmds.setAttr(text + ".currentStyle", DEFAULT_FONT[1], type="string")
-    extrude = make("typeExtrude")
-    animation = make("shellDeformer")
-    adjust = make("vectorAdjust")
-    transform = make("transform", n="typeMesh1")
-    shape = make("mesh", n=transform + "Shape", p=transform)
+    extrude, animation, adjust, transform, shape = addSolidChain(make, text, "typeMesh1")
 
     # Where the type manipulator's rotation handle sits.
     cmds.addAttr(transform, ln="toolPosition", at="double3")
     for axis in "XYZ":
         cmds.addAttr(transform, ln="toolPosition" + axis, at="double", p="toolPosition")
 
-    cmds.connectAttr(text + ".outputMesh", extrude + ".inputMesh")
+    for deformer in (animation, adjust):
+        cmds.connectAttr(text + ".grouping", deformer + ".grouping")
+    for attribute in _ADJUSTMENTS:
+        cmds.connectAttr(text + "." + attribute, adjust + "." + attribute)
+
+    return [text, extrude, animation, adjust, transform, shape]
+
+
+def addSolidChain(make, source, name):
+    """Makes the chain a flat mesh takes to the screen: `source` (a type or
+    svgToPoly node) -> typeExtrude -> shellDeformer -> vectorAdjust -> a
+    mesh shape under a transform called `name`, with the per-character
+    counts and group ids where the extrusion and the deformers read them,
+    the companions' "message" links back to `source` and the materials.
+    Returns the typeExtrude node, the shellDeformer, the vectorAdjust, the
+    transform and the shape; `make` creates each node.
+    """
+    extrude = make("typeExtrude")
+    animation = make("shellDeformer")
+    adjust = make("vectorAdjust")
+    transform = make("transform", n=name)
+    shape = make("mesh", n=transform + "Shape", p=transform)
+
+    cmds.connectAttr(source + ".outputMesh", extrude + ".inputMesh")
     cmds.connectAttr(extrude + ".outputMesh", animation + ".input[0].inputGeom")
     cmds.connectAttr(animation + ".outputGeom[0]", adjust + ".input[0].inputGeom")
     cmds.connectAttr(adjust + ".outputGeom[0]", shape + ".inMesh")
 
     for deformer in (animation, adjust):
-        cmds.connectAttr(text + ".grouping", deformer + ".grouping")
-        cmds.connectAttr(text + ".vertsPerChar", deformer + ".vertsPerChar")
+        cmds.connectAttr(source + ".vertsPerChar", deformer + ".vertsPerChar")
         cmds.connectAttr(extrude + ".vertexGroupIds", deformer + ".vertexGroupIds")
-    for attribute in _ADJUSTMENTS:
-        cmds.connectAttr(text + "." + attribute, adjust + "." + attribute)
-    cmds.connectAttr(text + ".vertsPerChar", extrude + ".vertsPerChar")
+    cmds.connectAttr(source + ".vertsPerChar", extrude + ".vertsPerChar")
     cmds.connectAttr("time1.outTime", animation + ".time")
 
-    cmds.connectAttr(animation + ".message", text + ".animationMessage")
-    cmds.connectAttr(extrude + ".message", text + ".extrudeMessage")
-    cmds.connectAttr(transform + ".message", text + ".transformMessage")
-    cmds.connectAttr(shape + ".message", text + ".remeshMessage")
+    cmds.connectAttr(animation + ".message", source + ".animationMessage")
+    cmds.connectAttr(extrude + ".message", source + ".extrudeMessage")
+    cmds.connectAttr(transform + ".message", source + ".transformMessage")
+    cmds.connectAttr(shape + ".message", source + ".remeshMessage")
 
     addMaterials(make, extrude, shape)
-
-    return [text, extrude, animation, adjust, transform, shape]
+    return extrude, animation, adjust, transform, shape
 
 
 def addMaterials(make, extrude, shape):
