@@ -1,3 +1,4 @@
+#include "../AffectedAttributes.h"
 #include "../GoldenTable.h"
 #include "VectorExtrudeTesting.h"
 
@@ -78,16 +79,7 @@ TEST_F(VectorExtrudeNode, EachInputAffectsTheOutputsItsRowLists) {
         ZStatus status;
         const ZObject attribute = node.attribute(ZString(row[0]), &status);
         ASSERT_TRUE(status) << row[0];
-        ZObjectArray affected;
-        ASSERT_TRUE(node.getAffectedAttributes(attribute, affected)) << row[0];
-        std::vector<std::string> found;
-        for (const ZObject& output : affected)
-            found.push_back(ZFnAttribute(output).name().asStdString());
-        std::sort(found.begin(), found.end());
-        std::string joined;
-        for (const std::string& name : found)
-            joined += (joined.empty() ? "" : ",") + name;
-        EXPECT_EQ(joined, row[3] == "-" ? "" : row[3]) << row[0];
+        EXPECT_EQ(affectedNames(node, attribute), row[3] == "-" ? "" : row[3]) << row[0];
     }
 }
 

@@ -1,3 +1,4 @@
+#include "../AffectedAttributes.h"
 #include "../GoldenTable.h"
 #include "../plugin/PluginTesting.h"
 
@@ -134,15 +135,7 @@ TEST_F(ObjGrpToComp, HasItsAttributesInOrderWithTheirFlagsAndWhatTheyDirty) {
         const ZFnAttribute fn(node.attribute(i));
         if (!fn.parent().isNull() || fn.name() == "message")
             continue;
-        ZObjectArray affected;
-        EXPECT_TRUE(node.getAffectedAttributes(node.attribute(i), affected));
-        std::vector<std::string> names;
-        for (const ZObject& output : affected)
-            names.push_back(ZFnAttribute(output).name().asStdString());
-        std::sort(names.begin(), names.end());
-        std::string dirties;
-        for (const std::string& name : names)
-            dirties += (dirties.empty() ? "" : ",") + name;
+        const std::string dirties = affectedNames(node, node.attribute(i));
         std::string flags;
         for (const auto& [set, flag] : {std::pair{fn.isArray(), "array"}, std::pair{fn.isHidden(), "hidden"},
                                         std::pair{fn.isStorable(), "storable"}})
