@@ -5,12 +5,10 @@
 #include "NodeSchema.h"
 #include "NodeSettings.h"
 #include "NumberOption.h"
+#include "TypeObject.h"
 
 #include <CLI/CLI.hpp>
 #include <OpenZyvo/ZGlobal.h>
-#include <OpenZyvo/ZSelectionList.h>
-#include <OpenZyvo/ZStringArray.h>
-#include <OpenZyvoHost/ZHostPlugins.h>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -20,7 +18,6 @@ namespace zyvo {
 
 namespace {
 
-constexpr char kPlugin[] = "Type";
 constexpr char kCreateSvg[] = "typeCreateSvg";
 constexpr char kSvgNode[] = "svgToPoly";
 constexpr char kFlatTransform[] = "flatArtwork";
@@ -74,36 +71,6 @@ ZStatus readFile(const std::string& file, std::string& document) {
     return ZStatus::kSuccess;
 }
 
-ZStatus loadTypePlugin() {
-    return ZHost::isPluginLoaded(kPlugin) ? ZStatus::kSuccess : ZHost::loadPlugin(kPlugin);
-}
-
-struct SvgObject {
-    ZObject svgNode;
-    ZString svgName;
-    ZObject extrudeNode;
-    ZString shapeName;
-};
-
-ZStatus createSvgObject(SvgObject& made) {
-    ZStringArray nodes;
-    if (const ZStatus status = ZGlobal::executeCommand(kCreateSvg, nodes); !status || nodes.length() < 6) {
-        reportError(std::string("The Type plug-in's ") + kCreateSvg + " made no SVG object");
-        return status ? ZStatus::kFailure : status;
-    }
-    made.svgName = nodes[0];
-    made.shapeName = nodes[5];
-    ZSelectionList list;
-    ZStatus status = list.add(nodes[0]);
-    if (status)
-        status = list.add(nodes[1]);
-    if (status)
-        status = list.getDependNode(0, made.svgNode);
-    if (status)
-        status = list.getDependNode(1, made.extrudeNode);
-    return status;
-}
-
 ZStatus applySettings(const SvgRequest& request, const ZObject& svgNode) {
     NodeSettings settings(svgNode);
     if (request.paste || request.file == "-") {
@@ -141,13 +108,6 @@ ZStatus checkSomethingDrawn(const ZObject& svgNode, const SvgRequest& request) {
     else if (status)
         reportError("The artwork " + request.file + " has no filled shape: nothing was written");
     return status ? ZStatus::kInvalidParameter : status;
-}
-
-ZStatus showFlatArtwork(const ZString& svgName) {
-    const ZString commands = ZString("createNode transform -n ") + kFlatTransform + ";\ncreateNode mesh -n " +
-                             kFlatShape + " -p " + kFlatTransform + ";\nconnectAttr " + svgName +
-                             ".outputMesh " + kFlatShape + ".inMesh;\n";
-    return ZGlobal::executeCommand(commands);
 }
 
 } // namespace
@@ -197,35 +157,23 @@ ZStatus runSvg(const SvgRequest& request, Host& host) {
     if (solid)
         if (const ZStatus status = checkSolidSettings(request.solid, host, choices); !status)
             return status;
-    SvgObject made;
-    if (const ZStatus status = createSvgObject(made); !status)
+    TypeObject made;
+    if (const ZStatus status = createTypeObject(kCreateSvg, "SVG object", made); !status)
         return status;
-    if (const ZStatus status = applySettings(request, made.svgNode); !status)
+    if (const ZStatus status = applySettings(request, made.source); !status)
         return status;
     if (solid)
         if (const ZStatus status = applySolidSettings(request.solid, choices, made.extrudeNode); !status)
             return status;
-    if (const ZStatus status = checkSomethingDrawn(made.svgNode, request); !status)
+    if (const ZStatus status = checkSomethingDrawn(made.source, request); !status)
         return status;
     std::string shown = made.shapeName.asStdString();
     if (!solid) {
-        if (const ZStatus status = showFlatArtwork(made.svgName); !status)
+        if (const ZStatus status = showFlatMesh(made.sourceName, kFlatTransform, kFlatShape); !status)
             return status;
         shown = kFlatShape;
     }
-
-    ZHost::MeshScene scene;
-    if (const ZStatus status = ZHost::gatherMeshes({shown}, scene); !status)
-        return status;
-    std::vector<std::string> files = request.outputs;
-    if (!request.preview.empty())
-        files.push_back(request.preview);
-    for (const std::string& file : files) {
-        if (const ZStatus status = ZHost::writeMeshes(scene, file, request.previewSize); !status)
-            return status;
-        host.info("Wrote " + file);
-    }
-    return ZStatus::kSuccess;
+    return writeShownMesh(shown, request.outputs, request.preview, request.previewSize, host);
 }
 
 } // namespace zyvo

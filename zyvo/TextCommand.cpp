@@ -8,6 +8,7 @@
 #include "NodeSettings.h"
 #include "NumberOption.h"
 #include "SolidOptions.h"
+#include "TypeObject.h"
 
 #include <CLI/CLI.hpp>
 #include <OpenZyvo/ZDoubleArray.h>
@@ -15,9 +16,7 @@
 #include <OpenZyvo/ZFnStringArrayData.h>
 #include <OpenZyvo/ZGlobal.h>
 #include <OpenZyvo/ZPlug.h>
-#include <OpenZyvo/ZSelectionList.h>
 #include <OpenZyvo/ZStringArray.h>
-#include <OpenZyvoHost/ZHostPlugins.h>
 #include <OpenZyvoHost/ZHostScripts.h>
 #include <algorithm>
 #include <cstdio>
@@ -27,7 +26,6 @@ namespace zyvo {
 
 namespace {
 
-constexpr char kPlugin[] = "Type";
 constexpr char kCreateText[] = "typeCreateText";
 constexpr char kSetText[] = "typeSetText";
 constexpr char kTypeNode[] = "type";
@@ -73,39 +71,6 @@ ZStatus checkNodeSettings(const TextRequest& request, Host& host, NodeChoices& c
             !status)
             return status;
     return checkSolidSettings(request.solid, host, choices.solid);
-}
-
-ZStatus loadTypePlugin() {
-    return ZHost::isPluginLoaded(kPlugin) ? ZStatus::kSuccess : ZHost::loadPlugin(kPlugin);
-}
-
-// The nodes of a new text object, made by the plug-in's procedure, which
-// names the type node first, then the typeExtrude node, the two deformers,
-// the transform and the mesh shape that shows the solid.
-struct TextObject {
-    ZObject typeNode;
-    ZString typeName;
-    ZObject extrudeNode;
-    ZString shapeName;
-};
-
-ZStatus createTextObject(TextObject& made) {
-    ZStringArray nodes;
-    if (const ZStatus status = ZGlobal::executeCommand(kCreateText, nodes); !status || nodes.length() < 6) {
-        reportError(std::string("The Type plug-in's ") + kCreateText + " made no text object");
-        return status ? ZStatus::kFailure : status;
-    }
-    made.typeName = nodes[0];
-    made.shapeName = nodes[5];
-    ZSelectionList list;
-    ZStatus status = list.add(nodes[0]);
-    if (status)
-        status = list.add(nodes[1]);
-    if (status)
-        status = list.getDependNode(0, made.typeNode);
-    if (status)
-        status = list.getDependNode(1, made.extrudeNode);
-    return status;
 }
 
 // The node's layout settings are float attributes.
@@ -208,13 +173,6 @@ ZStatus checkSomethingDrawn(const ZObject& typeNode, const TextRequest& request)
     return status;
 }
 
-ZStatus showFlatText(const ZString& typeName) {
-    const ZString commands = ZString("createNode transform -n ") + kFlatTransform + ";\ncreateNode mesh -n " +
-                             kFlatShape + " -p " + kFlatTransform + ";\nconnectAttr " + typeName +
-                             ".outputMesh " + kFlatShape + ".inMesh;\n";
-    return ZGlobal::executeCommand(commands);
-}
-
 } // namespace
 
 void addTextCommand(CLI::App& app, TextRequest& request, std::function<void()> chosen) {
@@ -269,49 +227,37 @@ ZStatus runText(const TextRequest& request, Host& host) {
     NodeChoices choices;
     if (const ZStatus status = checkNodeSettings(request, host, choices); !status)
         return status;
-    TextObject made;
-    if (const ZStatus status = createTextObject(made); !status)
+    TypeObject made;
+    if (const ZStatus status = createTypeObject(kCreateText, "text object", made); !status)
         return status;
     if (request.text)
-        if (const ZStatus status = setText(*request.text, made.typeName); !status)
+        if (const ZStatus status = setText(*request.text, made.sourceName); !status)
             return status;
-    if (const ZStatus status = applySettings(request, choices, made.typeNode); !status)
+    if (const ZStatus status = applySettings(request, choices, made.source); !status)
         return status;
     if (const ZStatus status = applySolidSettings(request.solid, choices.solid, made.extrudeNode); !status)
         return status;
-    if (const ZStatus status = chooseFace(request, made.typeNode); !status)
+    if (const ZStatus status = chooseFace(request, made.source); !status)
         return status;
-    if (const ZStatus status = checkSomethingDrawn(made.typeNode, request); !status)
+    if (const ZStatus status = checkSomethingDrawn(made.source, request); !status)
         return status;
     std::string shown = made.shapeName.asStdString();
     if (request.solid.flat) {
-        if (const ZStatus status = showFlatText(made.typeName); !status)
+        if (const ZStatus status = showFlatMesh(made.sourceName, kFlatTransform, kFlatShape); !status)
             return status;
         shown = kFlatShape;
     }
-
-    ZHost::MeshScene scene;
-    if (const ZStatus status = ZHost::gatherMeshes({shown}, scene); !status)
-        return status;
-    std::vector<std::string> files = request.outputs;
-    if (!request.preview.empty())
-        files.push_back(request.preview);
-    for (const std::string& file : files) {
-        if (const ZStatus status = ZHost::writeMeshes(scene, file, request.previewSize); !status)
-            return status;
-        host.info("Wrote " + file);
-    }
-    return ZStatus::kSuccess;
+    return writeShownMesh(shown, request.outputs, request.preview, request.previewSize, host);
 }
 
 ZStatus listFonts() {
     if (const ZStatus status = loadTypePlugin(); !status)
         return status;
-    TextObject made;
-    if (const ZStatus status = createTextObject(made); !status)
+    TypeObject made;
+    if (const ZStatus status = createTypeObject(kCreateText, "text object", made); !status)
         return status;
     std::vector<FontFamily> families;
-    if (const ZStatus status = readCatalogue(made.typeNode, families); !status)
+    if (const ZStatus status = readCatalogue(made.source, families); !status)
         return status;
     for (const FontFamily& family : families)
         std::printf("%s: %s\n", family.name.c_str(), joined(family.styles).c_str());
