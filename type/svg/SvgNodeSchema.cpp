@@ -1,3 +1,4 @@
+#include "plugin/AnimationChannels.h"
 #include "plugin/AttributeSchema.h"
 #include "svg/SvgNode.h"
 
@@ -57,7 +58,6 @@ ZStatus svgNode::initialize() {
     const Flags transientOutput{.writable = false, .storable = false};
     const Flags keyable{.keyable = true};
     const Flags visibleKeyable{.keyable = true, .hidden = false};
-    const Flags channel{.writable = true, .storable = true, .keyable = true};
     const Flags storable{.storable = true};
     AttributeSchema schema(kSourceUnit);
 
@@ -120,24 +120,7 @@ ZStatus svgNode::initialize() {
         schema.compound({"vectorMessages", "svgMessages"},
                         {animationMessage, extrudeMessage, transformMessage, remeshMessage, adjustMessage});
     schema.add(vectorMessages);
-    animationPositionX = schema.unit("animationPositionX", ZFnUnitAttribute::kDistance, 0.0, channel);
-    animationPositionY = schema.unit("animationPositionY", ZFnUnitAttribute::kDistance, 0.0, channel);
-    animationPositionZ = schema.unit("animationPositionZ", ZFnUnitAttribute::kDistance, 0.0, channel);
-    animationPosition = schema.compound(
-        "animationPosition", {animationPositionX, animationPositionY, animationPositionZ}, channel);
-    schema.add(animationPosition);
-    animationRotationX = schema.unit("animationRotationX", ZFnUnitAttribute::kAngle, 0.0, channel);
-    animationRotationY = schema.unit("animationRotationY", ZFnUnitAttribute::kAngle, 0.0, channel);
-    animationRotationZ = schema.unit("animationRotationZ", ZFnUnitAttribute::kAngle, 0.0, channel);
-    animationRotation = schema.compound(
-        "animationRotation", {animationRotationX, animationRotationY, animationRotationZ}, channel);
-    schema.add(animationRotation);
-    animationScaleX = schema.numeric("animationScaleX", N::kDouble, 1.0, channel);
-    animationScaleY = schema.numeric("animationScaleY", N::kDouble, 1.0, channel);
-    animationScaleZ = schema.numeric("animationScaleZ", N::kDouble, 1.0, channel);
-    animationScale =
-        schema.compound("animationScale", {animationScaleX, animationScaleY, animationScaleZ}, channel);
-    schema.add(animationScale);
+    addAnimationChannels<svgNode>(schema);
     // The soft maximum sits below the default; that is how the slider was
     // first set, and scenes' interfaces expect it.
     svgSize = schema.numeric("svgSize", N::kFloat, 10.0, storable, {.min = 0.0, .softMax = 5.0});

@@ -1,5 +1,6 @@
 #include "geometry/EdgeSubdivision.h"
 #include "layout/TypeSettingValues.h"
+#include "plugin/AnimationChannels.h"
 #include "plugin/AttributeSchema.h"
 #include "textnode/FontNode.h"
 
@@ -100,7 +101,6 @@ ZStatus fontNode::initialize() {
     using Flags = AttributeSchema::Flags;
     const Flags storable{.storable = true};
     const Flags keyableStorable{.storable = true, .keyable = true};
-    const Flags channel{.writable = true, .storable = true, .keyable = true};
     const Flags visible{.hidden = false};
     const Flags interfaceOnly{.writable = false, .storable = false, .hidden = true};
     const Flags readWrite{.readable = true, .writable = true};
@@ -216,24 +216,7 @@ ZStatus fontNode::initialize() {
                                    {.min = 0.0, .max = 40.0, .softMax = 5.0});
     schema.add(colinearAngle);
 
-    animationPositionX = schema.unit("animationPositionX", ZFnUnitAttribute::kDistance, 0.0, channel);
-    animationPositionY = schema.unit("animationPositionY", ZFnUnitAttribute::kDistance, 0.0, channel);
-    animationPositionZ = schema.unit("animationPositionZ", ZFnUnitAttribute::kDistance, 0.0, channel);
-    animationPosition = schema.compound(
-        "animationPosition", {animationPositionX, animationPositionY, animationPositionZ}, channel);
-    schema.add(animationPosition);
-    animationRotationX = schema.unit("animationRotationX", ZFnUnitAttribute::kAngle, 0.0, channel);
-    animationRotationY = schema.unit("animationRotationY", ZFnUnitAttribute::kAngle, 0.0, channel);
-    animationRotationZ = schema.unit("animationRotationZ", ZFnUnitAttribute::kAngle, 0.0, channel);
-    animationRotation = schema.compound(
-        "animationRotation", {animationRotationX, animationRotationY, animationRotationZ}, channel);
-    schema.add(animationRotation);
-    animationScaleX = schema.numeric("animationScaleX", N::kDouble, 1.0, channel);
-    animationScaleY = schema.numeric("animationScaleY", N::kDouble, 1.0, channel);
-    animationScaleZ = schema.numeric("animationScaleZ", N::kDouble, 1.0, channel);
-    animationScale =
-        schema.compound("animationScale", {animationScaleX, animationScaleY, animationScaleZ}, channel);
-    schema.add(animationScale);
+    addAnimationChannels<fontNode>(schema);
 
     deformableType = schema.numeric("deformableType", N::kBoolean, 0.0);
     schema.add(deformableType);
