@@ -76,11 +76,11 @@ ZObject createMesh(ZFnMesh& fn, int numVertices, int numPolygons, const Points& 
         oz::setStatus(status, ZStatus::kInvalidParameter);
         return ZObject();
     }
-    const auto points = kernelPoints(vertexArray);
+    auto points = kernelPoints(vertexArray);
     const ZStatus built =
         oz::editMesh(oz::meshTargetOf(fn.object()), MeshTarget::Edit::kTopology, [&](MeshData& data) {
             return oz::toStatus(
-                data.mesh.create(points, polygonCounts.asVector(), polygonConnects.asVector()));
+                data.mesh.create(std::move(points), polygonCounts.asVector(), polygonConnects.asVector()));
         });
     oz::setStatus(status, built);
     return built ? fn.object() : ZObject();

@@ -1,6 +1,8 @@
 #include "data/MeshAccess.h"
 
 #include <OpenZyvo/ZFnMesh.h>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 #include <vector>
 
 using oz::MeshData;
@@ -26,10 +28,12 @@ ZStatus ZFnMesh::getVertexColors(ZColorArray& colors, const ZColor* defaultUnset
 }
 
 ZStatus ZFnMesh::setVertexColors(const ZColorArray& colors, const ZIntArray& vertexList) {
-    std::vector<oz::mesh::Color> kernelColors;
-    kernelColors.reserve(colors.length());
-    for (const ZColor& c : colors)
-        kernelColors.push_back(oz::toKernel(c));
+    std::vector<oz::mesh::Color> kernelColors(colors.length());
+    tbb::parallel_for(tbb::blocked_range<unsigned int>(0, colors.length(), 16384),
+                      [&](const tbb::blocked_range<unsigned int>& range) {
+                          for (unsigned int i = range.begin(); i != range.end(); ++i)
+                              kernelColors[i] = oz::toKernel(colors[i]);
+                      });
     return oz::editMesh(m_target, MeshTarget::Edit::kAttributes, [&](MeshData& data) {
         return oz::toStatus(data.mesh.setVertexColors(kernelColors, vertexList.asVector()));
     });

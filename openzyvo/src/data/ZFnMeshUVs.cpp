@@ -3,6 +3,8 @@
 #include <OpenZyvo/ZFnMesh.h>
 #include <algorithm>
 #include <string_view>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 #include <vector>
 
 using oz::MeshData;
@@ -70,23 +72,33 @@ ZStatus ZFnMesh::assignUVs(const ZIntArray& uvCounts, const ZIntArray& uvIds, co
         const oz::mesh::Mesh& mesh = data.mesh;
         if (uvCounts.length() != static_cast<unsigned int>(mesh.faceCount()))
             return ZStatus::kInvalidParameter;
-        std::vector<int32_t> perFaceVertex;
-        perFaceVertex.reserve(static_cast<size_t>(mesh.faceVertexCount()));
-        unsigned int next = 0;
-        for (int32_t f = 0; f < mesh.faceCount(); ++f) {
-            const auto faceSize = static_cast<int>(mesh.faceVertices(f).size());
-            const int count = uvCounts[static_cast<unsigned int>(f)];
-            if (count == 0) {
-                perFaceVertex.insert(perFaceVertex.end(), static_cast<size_t>(faceSize), UvSet::kNoUv);
-                continue;
-            }
-            if (count != faceSize || uvIds.length() - next < static_cast<unsigned int>(count))
+        // Where each face's ids start in uvIds: a face takes as many as it has face-vertices, or
+        // none when its count is 0.
+        const std::vector<int32_t> offsets = mesh.faces().faceVertexOffsets();
+        std::vector<size_t> firstId(offsets.size());
+        size_t next = 0;
+        for (size_t f = 0; f + 1 < offsets.size(); ++f) {
+            const auto count = static_cast<size_t>(uvCounts[static_cast<unsigned int>(f)]);
+            if (count != 0 && count != static_cast<size_t>(offsets[f + 1] - offsets[f]))
                 return ZStatus::kInvalidParameter;
-            perFaceVertex.insert(perFaceVertex.end(), uvIds.begin() + next, uvIds.begin() + next + count);
-            next += static_cast<unsigned int>(count);
+            firstId[f] = next;
+            next += count;
         }
         if (next != uvIds.length())
             return ZStatus::kInvalidParameter;
+        std::vector<int32_t> perFaceVertex(static_cast<size_t>(mesh.faceVertexCount()));
+        tbb::parallel_for(tbb::blocked_range<size_t>(0, offsets.size() - 1, 4096),
+                          [&](const tbb::blocked_range<size_t>& range) {
+                              for (size_t f = range.begin(); f != range.end(); ++f) {
+                                  const auto out = perFaceVertex.begin() + offsets[f];
+                                  const auto size = offsets[f + 1] - offsets[f];
+                                  if (uvCounts[static_cast<unsigned int>(f)] == 0)
+                                      std::fill(out, out + size, UvSet::kNoUv);
+                                  else
+                                      std::copy_n(uvIds.begin() + static_cast<std::ptrdiff_t>(firstId[f]),
+                                                  size, out);
+                              }
+                          });
         return oz::toStatus(data.mesh.assignUvIds(setName(uvSet), perFaceVertex));
     });
 }

@@ -45,6 +45,9 @@ public:
     // one another in `faceConnects`. Normals, colours and uvs start afresh.
     Status create(std::span<const Point3> points, std::span<const int32_t> faceCounts,
                   std::span<const int32_t> faceConnects);
+    // The same, taking over `points` instead of copying them.
+    Status create(std::vector<Point3>&& points, std::span<const int32_t> faceCounts,
+                  std::span<const int32_t> faceConnects);
 
     // Appends a face from `points`: the first loopCounts[0] points are its outer loop, the next
     // loopCounts[1] its first hole, and so on. With `mergeVertices`, a point within `tolerance`

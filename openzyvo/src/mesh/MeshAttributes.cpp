@@ -3,9 +3,29 @@
 
 #include <algorithm>
 #include <limits>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+#include <tbb/parallel_reduce.h>
 #include <utility>
 
 namespace oz::mesh {
+
+namespace {
+
+// Whether any id fails `valid`, checked on all cores: colours and uvs are set for every vertex
+// and face-vertex of a solid at once.
+template <class Valid> bool anyInvalid(std::span<const int32_t> ids, Valid valid) {
+    return tbb::parallel_reduce(
+        tbb::blocked_range<size_t>(0, ids.size(), 16384), false,
+        [&](const tbb::blocked_range<size_t>& range, bool found) {
+            for (size_t i = range.begin(); i != range.end() && !found; ++i)
+                found = !valid(ids[i]);
+            return found;
+        },
+        [](bool a, bool b) { return a || b; });
+}
+
+} // namespace
 
 std::optional<Vector3> Mesh::faceNormal(int32_t face) const {
     if (face < 0 || face >= faceCount())
@@ -64,10 +84,9 @@ std::optional<Color> Mesh::vertexColor(int32_t vertex) const {
 Status Mesh::setVertexColors(std::span<const Color> colors, std::span<const int32_t> vertices) {
     if (colors.size() != vertices.size())
         return Status::SizeMismatch;
-    for (const int32_t v : vertices) {
-        if (v < 0 || v >= vertexCount())
-            return Status::InvalidIndex;
-    }
+    const int32_t count = vertexCount();
+    if (anyInvalid(vertices, [count](int32_t v) { return v >= 0 && v < count; }))
+        return Status::InvalidIndex;
     colors_.resize(points_.size());
     colorSet_.resize(points_.size(), 0);
     for (size_t i = 0; i < vertices.size(); ++i) {
@@ -124,10 +143,14 @@ Status Mesh::setUvs(std::string_view set, std::span<const float> u, std::span<co
     channel->set.v.assign(v.begin(), v.end());
     // Ids past the new end would dangle; such face-vertices lose their uv instead.
     const auto uvCount = static_cast<int32_t>(u.size());
-    for (int32_t& id : channel->pooledIds) {
-        if (id >= uvCount)
-            id = UvSet::kNoUv;
-    }
+    std::vector<int32_t>& ids = channel->pooledIds;
+    tbb::parallel_for(tbb::blocked_range<size_t>(0, ids.size(), 16384),
+                      [&](const tbb::blocked_range<size_t>& range) {
+                          for (size_t i = range.begin(); i != range.end(); ++i) {
+                              if (ids[i] >= uvCount)
+                                  ids[i] = UvSet::kNoUv;
+                          }
+                      });
     return Status::Success;
 }
 
@@ -154,10 +177,9 @@ Status Mesh::assignUvIds(std::string_view set, std::span<const int32_t> faceVert
     if (faceVertexUvIds.size() != static_cast<size_t>(faceVertexCount()))
         return Status::SizeMismatch;
     const auto uvCount = static_cast<int32_t>(channel->set.u.size());
-    for (const int32_t id : faceVertexUvIds) {
-        if (id != UvSet::kNoUv && (id < 0 || id >= uvCount))
-            return Status::InvalidIndex;
-    }
+    if (anyInvalid(faceVertexUvIds,
+                   [uvCount](int32_t id) { return id == UvSet::kNoUv || (id >= 0 && id < uvCount); }))
+        return Status::InvalidIndex;
     fromFaceOrder(faces_, faceVertexUvIds, channel->pooledIds);
     return Status::Success;
 }

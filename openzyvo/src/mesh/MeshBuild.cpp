@@ -40,13 +40,18 @@ AddScratch& addScratch() {
 
 Status Mesh::create(std::span<const Point3> points, std::span<const int32_t> faceCounts,
                     std::span<const int32_t> faceConnects) {
+    return create(std::vector<Point3>(points.begin(), points.end()), faceCounts, faceConnects);
+}
+
+Status Mesh::create(std::vector<Point3>&& points, std::span<const int32_t> faceCounts,
+                    std::span<const int32_t> faceConnects) {
     if (static_cast<int64_t>(points.size()) > kMaxIds || static_cast<int64_t>(faceConnects.size()) > kMaxIds)
         return Status::TooLarge;
     if (const Status s = validateLoops(faceCounts, faceConnects, static_cast<int32_t>(points.size()));
         s != Status::Success)
         return s;
 
-    points_.assign(points.begin(), points.end());
+    points_ = std::move(points);
     faces_ = FaceLoops::singleLoopFaces(faceCounts, faceConnects);
     normalsSet_ = false;
     normals_.clear();

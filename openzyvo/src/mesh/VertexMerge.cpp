@@ -16,6 +16,8 @@ constexpr double kMaxCellCoordinate = 4e18;
 // neighbour along an axis only when the point lies within a quarter cell of that side, so a
 // lookup probes about three cells on average instead of eight.
 constexpr double kCellsPerTolerance = 4.0;
+// A first batch of at least this many points is sorted into tiles rather than hashed.
+constexpr int32_t kTiledFrom = 4096;
 
 int64_t cellCoordinate(double value) {
     const double c = std::floor(value);
@@ -103,7 +105,7 @@ void VertexMergeIndex::insert(int32_t id, uint32_t key) {
         slot.key = key;
         ++usedSlots_;
     }
-    next_[id] = slot.head;
+    nextOf(id) = slot.head;
     slot.head = id;
 }
 
@@ -111,13 +113,18 @@ void VertexMergeIndex::extend(std::span<const Point3> points) {
     const auto count = static_cast<int32_t>(points.size());
     if (count <= indexedCount_)
         return;
-    next_.resize(points.size(), -1);
+    if (indexedCount_ == 0 && count >= kTiledFrom) {
+        tiles_.emplace(points, 1.0 / inverseCellSize_);
+        indexedCount_ = tiledCount_ = count;
+        return;
+    }
+    next_.resize(points.size() - static_cast<size_t>(tiledCount_), -1);
     reserve(static_cast<size_t>(usedSlots_) + static_cast<size_t>(count - indexedCount_));
 
-    // A whole mesh is indexed at once on its first merge, and each insert lands on a random slot
-    // of a table far larger than the cache. The keys are worked out first (on all cores), so that
-    // each insert can fetch the home slot of one a little ahead and the misses overlap instead of
-    // queueing.
+    // A later batch can still be large (a mesh merged into another), and each insert lands on a
+    // random slot of a table that may be far larger than the cache. The keys are worked out first
+    // (on all cores), so that each insert can fetch the home slot of one a little ahead and the
+    // misses overlap instead of queueing.
     constexpr int32_t kAhead = 16;
     std::vector<uint32_t> keys(static_cast<size_t>(count - indexedCount_));
     const int32_t first = indexedCount_;
@@ -146,6 +153,18 @@ int32_t VertexMergeIndex::find(Point3 p, std::span<const Point3> points) const {
     const Reach reach = reachOf(p);
     int32_t best = -1;
     double bestDistance = tolerance_ * tolerance_;
+    const auto consider = [&](int32_t id) {
+        const Vec3 d = points[id] - p;
+        const double distance = dot(d, d);
+        if (distance < bestDistance || (distance == bestDistance && (best < 0 || id < best))) {
+            best = id;
+            bestDistance = distance;
+        }
+    };
+    if (tiles_)
+        tiles_->forEachNear(p, tolerance_, consider);
+    if (indexedCount_ == tiledCount_)
+        return best;
     for (int i = 0; i < (reach.crosses[0] ? 2 : 1); ++i) {
         const int64_t x = i == 0 ? own.x : reach.near.x;
         for (int j = 0; j < (reach.crosses[1] ? 2 : 1); ++j) {
@@ -153,14 +172,8 @@ int32_t VertexMergeIndex::find(Point3 p, std::span<const Point3> points) const {
             for (int k = 0; k < (reach.crosses[2] ? 2 : 1); ++k) {
                 const int64_t z = k == 0 ? own.z : reach.near.z;
                 const Slot& slot = slots_[slotOf(keyOf(x, y, z))];
-                for (int32_t id = slot.head; id >= 0; id = next_[id]) {
-                    const Vec3 d = points[id] - p;
-                    const double distance = dot(d, d);
-                    if (distance < bestDistance || (distance == bestDistance && (best < 0 || id < best))) {
-                        best = id;
-                        bestDistance = distance;
-                    }
-                }
+                for (int32_t id = slot.head; id >= 0; id = nextOf(id))
+                    consider(id);
             }
         }
     }

@@ -1,17 +1,21 @@
 #pragma once
 
+#include "mesh/PointTiles.h"
 #include "mesh/Vec3.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
 namespace oz::mesh {
 
-// Spatial hash over points for "reuse a vertex within tolerance" lookups. Cells are at least
-// twice the tolerance wide, so the tolerance ball around a query point touches at most two cells
-// per axis (its own and the nearer neighbour, when the ball reaches it): a lookup probes at most
-// 8 cells, O(1) on average instead of a scan over every vertex.
+// Spatial index over points for "reuse a vertex within tolerance" lookups. A large point array
+// indexed at once (a whole mesh, on its first merge) is sorted into tiles (PointTiles); points
+// added after that go into a spatial hash. Its cells are at least twice the tolerance wide, so
+// the tolerance ball around a query point touches at most two cells per axis (its own and the
+// nearer neighbour, when the ball reaches it): a lookup probes at most 8 cells, O(1) on average
+// instead of a scan over every vertex.
 class VertexMergeIndex {
 public:
     explicit VertexMergeIndex(double tolerance);
@@ -47,14 +51,18 @@ private:
     size_t slotOf(uint32_t key) const;
     void insert(int32_t id, uint32_t key);
     void reserve(size_t cells);
+    int32_t& nextOf(int32_t id) { return next_[static_cast<size_t>(id - tiledCount_)]; }
+    int32_t nextOf(int32_t id) const { return next_[static_cast<size_t>(id - tiledCount_)]; }
 
     double tolerance_;
     double inverseCellSize_;
     double reach_; // the tolerance in cell widths
     int32_t indexedCount_ = 0;
+    std::optional<PointTiles> tiles_; // points [0, tiledCount_)
+    int32_t tiledCount_ = 0;
     int32_t usedSlots_ = 0;
     std::vector<Slot> slots_;
-    std::vector<int32_t> next_; // next point id in the same cell, -1 at the end
+    std::vector<int32_t> next_; // per hashed point, the next id in the same cell, -1 at the end
 };
 
 } // namespace oz::mesh

@@ -25,7 +25,7 @@ TEST(MeshCreate, RejectsBadConnectsAndKeepsTheOldMesh) {
     EXPECT_EQ(mesh.vertexCount(), 8);
     EXPECT_EQ(mesh.faceCount(), 6);
 
-    ASSERT_EQ(mesh.create({}, {}, {}), Status::Success);
+    ASSERT_EQ(mesh.create(std::vector<Point3>{}, {}, {}), Status::Success);
     EXPECT_EQ(mesh.vertexCount(), 0);
     EXPECT_EQ(mesh.edgeCount(), 0);
     EXPECT_TRUE(mesh.boundingBox().empty());

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 #include <random>
 
 namespace oz::mesh {
@@ -139,6 +140,62 @@ TEST(VertexMerge, IndexFindsPointsAcrossCellSides) {
             EXPECT_EQ(index.find(q, points), closestWithin(points, q, tolerance)) << tolerance << " " << i;
         }
     }
+}
+
+// A whole mesh indexed at once is sorted into tiles, points added later are hashed: lookups must
+// agree with a scan over every point wherever a query falls (inside a tile, on a tile side,
+// outside the box of the points), on flat and solid layouts, with coincident points split
+// between the two structures (the lowest id wins a tie) and with points that are not finite.
+TEST(VertexMerge, TiledIndexAgreesWithBruteForce) {
+    std::mt19937 random(19);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const double tolerance : {1e-10, 1e-3, 0.2}) {
+        for (const bool flat : {true, false}) {
+            std::uniform_real_distribution<double> coordinate(-40.0, 90.0);
+            std::vector<Point3> points(6000);
+            for (size_t i = 0; i < points.size(); ++i) {
+                // Outlines on a coarse lattice, so that many points share tiles and some coincide.
+                points[i] = {std::round(coordinate(random) * 4.0) / 4.0, coordinate(random) * 0.1,
+                             flat ? 0.0 : (i % 3 == 0 ? -0.25 : 0.25)};
+                if (i % 7 == 0 && i > 0)
+                    points[i] = points[i / 3];
+            }
+            points[17] = {nan, 0.0, 0.0};
+            VertexMergeIndex index(tolerance);
+            index.extend(points);
+            // Later points, some coinciding with tiled ones, are hashed.
+            for (size_t i = 0; i < 300; ++i)
+                points.push_back(i % 2 ? points[i * 5] : Point3{coordinate(random), 0.5, 0.0});
+            index.extend(points);
+
+            std::uniform_int_distribution<size_t> pick(0, points.size() - 1);
+            for (int i = 0; i < 3000; ++i) {
+                Point3 q = points[pick(random)];
+                if (!isFinite(q))
+                    continue;
+                const double step = tolerance * (i % 3 == 0 ? 0.999 : (i % 3 == 1 ? 1.0 : 0.5));
+                q = i % 4 == 0 ? Point3{q.x + step, q.y, q.z}
+                               : (i % 4 == 1 ? Point3{q.x, q.y - step, q.z} : q);
+                if (i % 50 == 0)
+                    q = {coordinate(random) * 3.0, -7.0, 1.0}; // outside the box of the points
+                ASSERT_EQ(index.find(q, points), closestWithin(points, q, tolerance))
+                    << tolerance << " " << flat << " " << i;
+            }
+            EXPECT_EQ(index.find({nan, 0.0, 0.0}, points), -1);
+        }
+    }
+}
+
+// Points spread over the whole double range must neither stall the tiling nor be lost to it.
+TEST(VertexMerge, TiledIndexCopesWithExtremeCoordinates) {
+    const double big = std::numeric_limits<double>::max();
+    std::vector<Point3> points;
+    for (int i = 0; i < 5000; ++i)
+        points.push_back({i % 2 ? big / (i + 1) : -big / (i + 1), static_cast<double>(i), 0.0});
+    VertexMergeIndex index(1e-10);
+    index.extend(points);
+    for (const int id : {0, 1, 2500, 4999})
+        EXPECT_EQ(index.find(points[static_cast<size_t>(id)], points), id);
 }
 
 TEST(VertexMerge, RejectsBadArguments) {
