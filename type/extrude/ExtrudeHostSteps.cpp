@@ -17,6 +17,7 @@
 #include <OpenZyvo/ZFnMeshData.h>
 #include <OpenZyvo/ZFnSingleIndexedComponent.h>
 #include <OpenZyvo/ZGlobal.h>
+#include <algorithm>
 #include <iostream>
 #include <string>
 #include <tbb/blocked_range.h>
@@ -225,16 +226,19 @@ ZStatus buildSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts
         }
     }
     // Every vertex takes the colour of the input face it was built from.
-    ZColorArray colours;
-    ZIntArray vertices;
-    const int vertexCount = mesh.numVertices();
-    for (std::size_t f = 0; f < parts.faces.size(); ++f) {
-        for (int v = topology.faceVertexStarts[f]; v < topology.faceVertexStarts[f + 1] && v < vertexCount;
-             ++v) {
-            colours.append(parts.colours[f]);
-            vertices.append(v);
-        }
-    }
+    const int vertexCount = std::min(mesh.numVertices(), topology.faceVertexStarts.back());
+    ZColorArray colours(static_cast<unsigned int>(std::max(vertexCount, 0)));
+    ZIntArray vertices(colours.length());
+    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, parts.faces.size(), 256),
+                      [&](const tbb::blocked_range<std::size_t>& range) {
+                          for (std::size_t f = range.begin(); f != range.end(); ++f) {
+                              for (int v = topology.faceVertexStarts[f];
+                                   v < topology.faceVertexStarts[f + 1] && v < vertexCount; ++v) {
+                                  colours[static_cast<unsigned int>(v)] = parts.colours[f];
+                                  vertices[static_cast<unsigned int>(v)] = v;
+                              }
+                          }
+                      });
     if (status = mesh.setVertexColors(colours, vertices); !status)
         return reportApiError(status, unit);
     return ZStatus::kSuccess;
