@@ -118,30 +118,107 @@ std::vector<Ring> faceRings(const SolidFace& face, const Profile& profile) {
     return solidRings(profile);
 }
 
-SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps) {
+namespace {
+
+// The topology of one face alone, its vertices and faces numbered from 0.
+SolidTopology faceTopology(const SolidFace& face, int solidRingCount, const Profile& profile,
+                           bool deleteCaps) {
     SolidTopology out;
     TopologyBuilder builder(out);
-    const int solidRingCount = static_cast<int>(solidRings(profile).size());
-    for (const SolidFace& face : faces) {
-        const FaceOutline& outline = face.outline;
-        const int n = static_cast<int>(outline.points.size());
-        const std::vector<bool> left = materialOnLeft(outline);
-        out.faceVertexStarts.push_back(out.vertexCount);
-        if (!face.extruded) {
-            builder.addCap(outline, left, out.vertexCount, true);
-            out.vertexCount += n;
-            continue;
-        }
-        const int rings = solidRingCount;
-        if (!deleteCaps)
-            builder.addCap(outline, left, out.vertexCount, false);
-        for (int k = 0; k + 1 < rings; ++k)
-            builder.addJoins(outline, left, out.vertexCount + k * n, profile.isWallJoin(k));
-        if (!deleteCaps)
-            builder.addCap(outline, left, out.vertexCount + (rings - 1) * n, true);
-        out.vertexCount += rings * n;
+    const FaceOutline& outline = face.outline;
+    const int n = static_cast<int>(outline.points.size());
+    const std::vector<bool> left = materialOnLeft(outline);
+    if (!face.extruded) {
+        builder.addCap(outline, left, 0, true);
+        out.vertexCount = n;
+        return out;
     }
-    out.faceVertexStarts.push_back(out.vertexCount);
+    const int rings = solidRingCount;
+    if (!deleteCaps)
+        builder.addCap(outline, left, 0, false);
+    for (int k = 0; k + 1 < rings; ++k)
+        builder.addJoins(outline, left, k * n, profile.isWallJoin(k));
+    if (!deleteCaps)
+        builder.addCap(outline, left, (rings - 1) * n, true);
+    out.vertexCount = rings * n;
+    return out;
+}
+
+// Where one face's share of each of the solid's lists starts.
+struct TopologyOffsets {
+    int vertex = 0;
+    std::size_t face = 0, connect = 0, cap = 0, bevel = 0, extrusion = 0, holes = 0;
+
+    TopologyOffsets after(const SolidTopology& t) const {
+        return {vertex + t.vertexCount,   face + t.faceCounts.size(),  connect + t.faceConnects.size(),
+                cap + t.capFaces.size(),  bevel + t.bevelFaces.size(), extrusion + t.extrusionFaces.size(),
+                holes + t.capHoles.size()};
+    }
+};
+
+// Appends `from` + `offset` to out[at ..].
+void shifted(const std::vector<int>& from, int offset, std::vector<int>& out, std::size_t at) {
+    std::transform(from.begin(), from.end(), out.begin() + static_cast<std::ptrdiff_t>(at),
+                   [offset](int value) { return value + offset; });
+}
+
+} // namespace
+
+SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps) {
+    return solidTopology(faces, faceShapes(faces), profile, deleteCaps);
+}
+
+SolidTopology solidTopology(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
+                            const Profile& profile, bool deleteCaps) {
+    // Copies of a shape share their topology but for the numbering: each shape's is built once,
+    // then every face's is placed at its offsets on all cores.
+    const int solidRingCount = static_cast<int>(solidRings(profile).size());
+    std::vector<SolidTopology> ofShape(shapes.firstFace.size());
+    tbb::parallel_for(std::size_t{0}, ofShape.size(), [&](std::size_t shape) {
+        ofShape[shape] = faceTopology(faces[static_cast<std::size_t>(shapes.firstFace[shape])],
+                                      solidRingCount, profile, deleteCaps);
+    });
+    const auto shapeOf = [&](std::size_t face) -> const SolidTopology& {
+        return ofShape[static_cast<std::size_t>(shapes.shapeOf[face])];
+    };
+    std::vector<TopologyOffsets> at(faces.size() + 1);
+    for (std::size_t f = 0; f < faces.size(); ++f)
+        at[f + 1] = at[f].after(shapeOf(f));
+
+    SolidTopology out;
+    const TopologyOffsets& total = at.back();
+    out.vertexCount = total.vertex;
+    out.faceCounts.resize(total.face);
+    out.faceConnects.resize(total.connect);
+    out.capFaces.resize(total.cap);
+    out.bevelFaces.resize(total.bevel);
+    out.extrusionFaces.resize(total.extrusion);
+    out.capHoles.resize(total.holes);
+    out.faceVertexStarts.resize(faces.size() + 1);
+    out.faceVertexStarts.back() = total.vertex;
+    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, faces.size(), 64),
+                      [&](const tbb::blocked_range<std::size_t>& range) {
+                          for (std::size_t f = range.begin(); f != range.end(); ++f) {
+                              const SolidTopology& one = shapeOf(f);
+                              const TopologyOffsets& o = at[f];
+                              const auto firstFace = static_cast<int>(o.face);
+                              out.faceVertexStarts[f] = o.vertex;
+                              std::copy(one.faceCounts.begin(), one.faceCounts.end(),
+                                        out.faceCounts.begin() + static_cast<std::ptrdiff_t>(o.face));
+                              shifted(one.faceConnects, o.vertex, out.faceConnects, o.connect);
+                              shifted(one.capFaces, firstFace, out.capFaces, o.cap);
+                              shifted(one.bevelFaces, firstFace, out.bevelFaces, o.bevel);
+                              shifted(one.extrusionFaces, firstFace, out.extrusionFaces, o.extrusion);
+                              for (std::size_t h = 0; h < one.capHoles.size(); ++h) {
+                                  const CapHoles& holes = one.capHoles[h];
+                                  CapHoles& placed = out.capHoles[o.holes + h];
+                                  placed.face = holes.face + firstFace;
+                                  placed.loopSizes = holes.loopSizes;
+                                  placed.vertices.resize(holes.vertices.size());
+                                  shifted(holes.vertices, o.vertex, placed.vertices, 0);
+                              }
+                          }
+                      });
     return out;
 }
 

@@ -61,6 +61,9 @@ std::vector<Ring> solidRings(const Profile& profile);
 std::vector<Ring> faceRings(const SolidFace& face, const Profile& profile);
 
 SolidTopology solidTopology(const std::vector<SolidFace>& faces, const Profile& profile, bool deleteCaps);
+// The same for faces already grouped into shapes.
+SolidTopology solidTopology(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
+                            const Profile& profile, bool deleteCaps);
 
 // Fills `out` with the outline of the faces of shape `shape` moved `offset`
 // into their material. It is called for several shapes at once, each call

@@ -148,7 +148,7 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
         if (status = ZFnMesh(data).setPoints(m_meshPoints, ZSpace::kObject); !status)
             return reportApiError(status, kUnit);
     } else {
-        m_topology = solidTopology(m_faces, profile, settings.deleteCaps);
+        m_topology = solidTopology(m_faces, m_shapes, profile, settings.deleteCaps);
         if (status = writeMesh(data, profile, settings.deleteCaps); !status)
             return status;
         if (status = writeComponents(block, data, capId, bevelId, extrudeId); !status)

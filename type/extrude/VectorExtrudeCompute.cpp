@@ -171,7 +171,7 @@ ZStatus typeExtrude::compute(const ZPlug& plug, ZDataBlock& block) {
     ZPointArray meshPoints;
     copyPoints(points, meshPoints);
 
-    const SolidTopology topology = solidTopology(faces, profile, settings.deleteCaps);
+    const SolidTopology topology = solidTopology(faces, shapes, profile, settings.deleteCaps);
     const bool planarCaps = block.inputValue(enablePlanarCapUVs).asBool();
     auto uvs = [&] {
         SolidUvs atlas = solidUvs(faces, shapes, profile, topology, settings.deleteCaps);
