@@ -1,6 +1,9 @@
 #include "mesh/FaceLoops.h"
 
 #include <algorithm>
+#include <limits>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_reduce.h>
 
 namespace oz::mesh {
 
@@ -60,7 +63,12 @@ FaceLoops FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts,
                                      std::span<const int32_t> vertexIds) {
     FaceLoops out;
     out.faces_.resize(faceCounts.size());
+    // Meshes created whole often get holes put back into some faces next (the caps of a solid),
+    // which moves those faces' blocks to the end: room for that keeps the first such move from
+    // copying the whole pool.
+    out.loopOffsets_.reserve(withRoomForHoles(faceCounts.size()));
     out.loopOffsets_.assign(faceCounts.size(), 0);
+    out.vertexIds_.reserve(withRoomForHoles(vertexIds.size()));
     out.vertexIds_.assign(vertexIds.begin(), vertexIds.end());
     int32_t start = 0;
     for (size_t f = 0; f < faceCounts.size(); ++f) {
@@ -143,26 +151,35 @@ PoolEdit FaceLoops::compact() {
 
 Status validateLoops(std::span<const int32_t> loopCounts, std::span<const int32_t> vertexIds,
                      int32_t vertexCount) {
-    int64_t total = 0;
-    for (const int32_t count : loopCounts) {
-        if (count < 3)
+    std::vector<size_t> starts(loopCounts.size() + 1, 0);
+    for (size_t loop = 0; loop < loopCounts.size(); ++loop) {
+        if (loopCounts[loop] < 3)
             return Status::InvalidArgument;
-        total += count;
+        starts[loop + 1] = starts[loop] + static_cast<size_t>(loopCounts[loop]);
     }
-    if (total != static_cast<int64_t>(vertexIds.size()))
+    if (starts.back() != vertexIds.size())
         return Status::SizeMismatch;
-    size_t begin = 0;
-    for (const int32_t count : loopCounts) {
-        const auto loop = vertexIds.subspan(begin, static_cast<size_t>(count));
-        for (size_t i = 0; i < loop.size(); ++i) {
-            if (loop[i] < 0 || loop[i] >= vertexCount)
-                return Status::InvalidIndex;
-            if (loop[i] == (i + 1 < loop.size() ? loop[i + 1] : loop[0]))
-                return Status::DegenerateLoop;
-        }
-        begin += loop.size();
-    }
-    return Status::Success;
+    // Loops are checked on all cores; the first bad loop decides the status, as in one pass.
+    struct Found {
+        size_t loop = std::numeric_limits<size_t>::max();
+        Status status = Status::Success;
+    };
+    const Found found = tbb::parallel_reduce(
+        tbb::blocked_range<size_t>(0, loopCounts.size(), 4096), Found{},
+        [&](const tbb::blocked_range<size_t>& range, Found first) {
+            for (size_t l = range.begin(); l != range.end() && l < first.loop; ++l) {
+                const auto loop = vertexIds.subspan(starts[l], static_cast<size_t>(loopCounts[l]));
+                for (size_t i = 0; i < loop.size(); ++i) {
+                    if (loop[i] < 0 || loop[i] >= vertexCount)
+                        return Found{l, Status::InvalidIndex};
+                    if (loop[i] == (i + 1 < loop.size() ? loop[i + 1] : loop[0]))
+                        return Found{l, Status::DegenerateLoop};
+                }
+            }
+            return first;
+        },
+        [](const Found& a, const Found& b) { return a.loop <= b.loop ? a : b; });
+    return found.status;
 }
 
 } // namespace oz::mesh

@@ -57,6 +57,7 @@ Status Mesh::create(std::vector<Point3>&& points, std::span<const int32_t> faceC
     normals_.clear();
     clearVertexColors();
     uvSets_.assign(1, UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}});
+    uvSets_.front().pooledIds.reserve(withRoomForHoles(faceConnects.size()));
     uvSets_.front().pooledIds.assign(faceConnects.size(), UvSet::kNoUv);
     merge_.index.reset();
     topologyChanged();
