@@ -7,26 +7,24 @@
 namespace oz::mesh {
 
 Mesh::Mesh()
-    : uvSets_{UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}}} {}
+    : uvSets_{Shared<UvChannel>(UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}})} {}
 
 std::optional<Point3> Mesh::point(int32_t vertex) const {
     if (vertex < 0 || vertex >= vertexCount())
         return std::nullopt;
-    return points_[vertex];
+    return points_.read()[vertex];
 }
 
 Status Mesh::setPoints(std::span<const Point3> points) {
-    if (points.size() != points_.size())
-        return Status::SizeMismatch;
-    std::copy(points.begin(), points.end(), points_.begin());
-    pointsMoved();
-    return Status::Success;
+    return fillPoints(points.size(),
+                      [&](std::span<Point3> own) { std::copy(points.begin(), points.end(), own.begin()); });
 }
 
 Status Mesh::fillPoints(size_t count, const std::function<void(std::span<Point3>)>& fill) {
-    if (count != points_.size())
+    if (count != points_.read().size())
         return Status::SizeMismatch;
-    fill(points_);
+    // Every point is overwritten, so points still shared with a copy are not copied first.
+    fill(points_.overwrite([count] { return std::vector<Point3>(count); }));
     pointsMoved();
     return Status::Success;
 }
@@ -34,32 +32,33 @@ Status Mesh::fillPoints(size_t count, const std::function<void(std::span<Point3>
 Status Mesh::setPoint(int32_t vertex, Point3 p) {
     if (vertex < 0 || vertex >= vertexCount())
         return Status::InvalidIndex;
-    points_[vertex] = p;
+    points_.write()[vertex] = p;
     pointsMoved();
     return Status::Success;
 }
 
 BoundingBox Mesh::boundingBox() const {
     BoundingBox box;
-    for (const Point3& p : points_)
+    for (const Point3& p : points_.read())
         box.expand(p);
     return box;
 }
 
 std::shared_ptr<const Topology> Mesh::topology() const {
-    return topology_.get(topologyVersion_, [&] { return buildTopology(faces_, vertexCount()); });
+    return topology_.get(topologyVersion_, [&] { return buildTopology(faces_.read(), vertexCount()); });
 }
 
 std::shared_ptr<const Triangulation> Mesh::triangulation() const {
-    return triangulation_.get(topologyVersion_, [&] { return triangulateFaces(faces_, points_); });
+    return triangulation_.get(topologyVersion_,
+                              [&] { return triangulateFaces(faces_.read(), points_.read()); });
 }
 
 std::shared_ptr<const std::vector<BoundingBox>> Mesh::faceBounds() const {
     return faceBounds_.get(geometryVersion_, [&] {
         std::vector<BoundingBox> bounds(static_cast<size_t>(faceCount()));
         tbb::parallel_for(int32_t{0}, faceCount(), [&](int32_t f) {
-            for (const int32_t v : faces_.faceVertices(f))
-                bounds[f].expand(points_[v]);
+            for (const int32_t v : faces_.read().faceVertices(f))
+                bounds[f].expand(points_.read()[v]);
         });
         return bounds;
     });
@@ -68,12 +67,12 @@ std::shared_ptr<const std::vector<BoundingBox>> Mesh::faceBounds() const {
 std::optional<double> Mesh::triangulatedArea(int32_t face) const {
     if (face < 0 || face >= faceCount())
         return std::nullopt;
-    return triangleArea(triangulation()->faceTriangles(face), points_);
+    return triangleArea(triangulation()->faceTriangles(face), points_.read());
 }
 
 Status Mesh::closestIntersection(const Ray& ray, double maxDistance, double tolerance, RayHit& hit) const {
     return oz::mesh::closestIntersection(ray, maxDistance, tolerance, *triangulation(), *faceBounds(),
-                                         points_, hit);
+                                         points_.read(), hit);
 }
 
 } // namespace oz::mesh
