@@ -3,6 +3,7 @@
 #include "deformers/ElementDiscovery.h"
 #include "deformers/PivotTransform.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <span>
@@ -72,30 +73,46 @@ struct ElementMotion {
 
 ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element);
 
-// Moves the points of one element in place; any point type with x, y and z
-// will do, so the host's point arrays are moved without a copy. Vertex ids
-// beyond the points are skipped; a coordinate that comes out NaN keeps its
-// input value.
+// The motions of every element, with the grouping sums built once for all.
+std::vector<ElementMotion> elementMotions(const AnimationFrame& frame, const Elements& elements);
+
+// Writes the moved points of one element from `in` to `out` (the same array
+// moves them in place); any point type with x, y and z will do, so the host's
+// point arrays are moved without a copy. An element that does not move is
+// copied. Vertex ids beyond either array are skipped; a coordinate that comes
+// out NaN keeps its input value.
 template <class Point>
-void moveElement(const ElementMotion& motion, std::span<const int> vertices, std::span<Point> points) {
-    if (!motion.moves())
+void moveElement(const ElementMotion& motion, std::span<const int> vertices, std::span<const Point> in,
+                 std::span<Point> out) {
+    const std::size_t count = std::min(in.size(), out.size());
+    if (!motion.moves()) {
+        for (int v : vertices)
+            if (v >= 0 && static_cast<std::size_t>(v) < count)
+                out[static_cast<std::size_t>(v)] = in[static_cast<std::size_t>(v)];
         return;
+    }
     const PivotTransform scaling(motion.scalePivot, {}, motion.scale);
     const PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1.0, 1.0, 1.0});
     for (int v : vertices) {
-        if (v < 0 || static_cast<std::size_t>(v) >= points.size())
+        if (v < 0 || static_cast<std::size_t>(v) >= count)
             continue;
-        Point& point = points[static_cast<std::size_t>(v)];
-        const Point3 moved =
-            turning.apply(scaling.apply({point.x + motion.translation.x, point.y + motion.translation.y,
-                                         point.z + motion.translation.z}));
+        const Point& from = in[static_cast<std::size_t>(v)];
+        Point& to = out[static_cast<std::size_t>(v)];
+        const Point3 moved = turning.apply(scaling.apply(
+            {from.x + motion.translation.x, from.y + motion.translation.y, from.z + motion.translation.z}));
+        to = from;
         if (!std::isnan(moved.x))
-            point.x = moved.x;
+            to.x = moved.x;
         if (!std::isnan(moved.y))
-            point.y = moved.y;
+            to.y = moved.y;
         if (!std::isnan(moved.z))
-            point.z = moved.z;
+            to.z = moved.z;
     }
+}
+
+template <class Point>
+void moveElement(const ElementMotion& motion, std::span<const int> vertices, std::span<Point> points) {
+    moveElement(motion, vertices, std::span<const Point>(points), points);
 }
 
 } // namespace type

@@ -17,6 +17,9 @@
 #include <OpenZyvo/ZPxGeometryFilter.h>
 #include <OpenZyvo/ZThreadPool.h>
 #include <OpenZyvo/ZVectorArray.h>
+#include <algorithm>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 
 namespace type {
 
@@ -223,26 +226,31 @@ ZStatus vectorAdjustments::deform(ZDataBlock& block, ZItGeometry& iterator, cons
     if (adjustments.positions.empty())
         adjustments.positions.assign(adjustments.solidsPerCharacter.size(), Point3{});
 
-    ZPointArray points;
-    if (!(status = iterator.allPositions(points)))
-        return reportApiError(status, kUnit);
-    status = m_elements->update(block, thisZObject(), multiIndex, static_cast<int>(points.length()),
-                                vertexGroupIds);
+    status = m_elements->update(block, thisZObject(), multiIndex, iterator, vertexGroupIds);
     if (!status)
         return reportApiError(status, kUnit);
     const Elements& elements = m_elements->elements();
 
+    // Without adjustments the output is the input as it came.
     std::vector<Box3> boxes = elements.bounds;
     if (canAdjust(adjustments)) {
+        const std::span<const ZPoint> input = m_elements->inputPoints();
+        ZPointArray& points = m_elements->movedPoints();
+        const std::span<ZPoint> moved(points.data(), points.length());
+        tbb::parallel_for(tbb::blocked_range<std::size_t>(0, input.size(), 16384),
+                          [&](const tbb::blocked_range<std::size_t>& range) {
+                              std::copy(input.begin() + static_cast<std::ptrdiff_t>(range.begin()),
+                                        input.begin() + static_cast<std::ptrdiff_t>(range.end()),
+                                        moved.begin() + static_cast<std::ptrdiff_t>(range.begin()));
+                          });
         std::vector<LineTask> tasks;
         for (int line = 0; line < static_cast<int>(adjustments.solidsPerLine.size()); ++line)
-            tasks.push_back(
-                {&adjustments, &elements, std::span<ZPoint>(points.data(), points.length()), &boxes, line});
+            tasks.push_back({&adjustments, &elements, moved, &boxes, line});
         if (!(status = ZThreadPool::newParallelRegion(runLines, &tasks)))
             return reportApiError(status, kUnit);
+        if (!(status = iterator.setAllPositions(points)))
+            return reportApiError(status, kUnit);
     }
-    if (!(status = iterator.setAllPositions(points)))
-        return reportApiError(status, kUnit);
 
     std::vector<ZVector> positions;
     std::vector<ZVector> corners;
