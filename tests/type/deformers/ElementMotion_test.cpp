@@ -122,6 +122,27 @@ TEST(ElementMotion, MovesOnlyItsVerticesAndKeepsInputWhereTheResultIsNaN) {
     expectNear(points[2], {1, 2, 3});
 }
 
+TEST(ElementMotion, WritesFromTheInputIntoAnotherArrayAndCopiesWhatStays) {
+    type::ElementMotion moving;
+    moving.translation = {1, 0, 0};
+    const type::ElementMotion resting;
+    const std::vector<Point3> in = {{0, 0, 0}, {5, 5, 5}, {1, 2, 3}};
+    std::vector<Point3> out = {{9, 9, 9}, {9, 9, 9}, {9, 9, 9}};
+    const std::vector<int> first = {0, 2};
+    const std::vector<int> second = {1};
+    for (int frame = 0; frame < 2; ++frame) {
+        // The input stays as it is, so every frame moves from the same place.
+        type::moveElement(moving, std::span<const int>(first), std::span<const Point3>(in),
+                          std::span<Point3>(out));
+        type::moveElement(resting, std::span<const int>(second), std::span<const Point3>(in),
+                          std::span<Point3>(out));
+    }
+    expectNear(out[0], {1, 0, 0});
+    expectNear(out[1], {5, 5, 5});
+    expectNear(out[2], {2, 2, 3});
+    expectNear(in[0], {0, 0, 0});
+}
+
 TEST(ElementMotion, ScaleAndTurnAboutTheMovedPivots) {
     type::ElementMotion motion;
     motion.translation = {10, 0, 0};

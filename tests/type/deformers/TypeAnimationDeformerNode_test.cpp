@@ -4,6 +4,8 @@
 #include <OpenZyvo/ZFnAttribute.h>
 #include <OpenZyvo/ZFnDependencyNode.h>
 #include <algorithm>
+#include <cstdlib>
+#include <string>
 
 namespace typetest {
 namespace {
@@ -65,6 +67,23 @@ TEST_F(ShellDeformerNode, HasItsAttributesInOrder) {
     for (const GoldenRow& row : readGoldenTable("shelldeformer_attributes.tsv", 1))
         expected.push_back(row[0]);
     EXPECT_EQ(created, expected);
+}
+
+TEST_F(ShellDeformerNode, TimingSwitchPrintsTheSetupAndElementTimesOfEveryFrame) {
+    ::setenv("TYPE_DEFORMER_TIMING", "1", 1);
+    wire("shellDeformer", "shellDeformer2");
+    ::unsetenv("TYPE_DEFORMER_TIMING");
+    ASSERT_TRUE(run("setAttr shellDeformer2.enableAnimation 1"));
+    ASSERT_TRUE(run("setAttr shellDeformer2.animationPositionX 2"));
+
+    testing::internal::CaptureStdout();
+    deformed("shellDeformer2");
+    deformed("shellDeformer1");
+    const std::string printed = testing::internal::GetCapturedStdout();
+    EXPECT_THAT(printed, testing::MatchesRegex("--------------------------\n"
+                                               "Setup:\t\t[0-9.e+-]+ ms\n"
+                                               "Thread:\t\t[0-9.e+-]+ ms\n"))
+        << "once, for the node created with the switch on";
 }
 
 TEST_F(ShellDeformerNode, DisabledAnimationPassesTheSolidThrough) {
