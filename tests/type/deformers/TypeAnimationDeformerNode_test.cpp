@@ -1,9 +1,12 @@
 #include "../GoldenTable.h"
 #include "DeformerNodeTesting.h"
 
+#include <OpenZyvo/ZFnArrayAttrsData.h>
 #include <OpenZyvo/ZFnAttribute.h>
 #include <OpenZyvo/ZFnDependencyNode.h>
+#include <OpenZyvo/ZVectorArray.h>
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <string>
 
@@ -84,6 +87,48 @@ TEST_F(ShellDeformerNode, TimingSwitchPrintsTheSetupAndElementTimesOfEveryFrame)
                                                "Setup:\t\t[0-9.e+-]+ ms\n"
                                                "Thread:\t\t[0-9.e+-]+ ms\n"))
         << "once, for the node created with the switch on";
+}
+
+// A point stream from another node: positions, rotations in degrees, scales, and offsets that
+// count only on the evaluation the stream itself triggered.
+TEST_F(ShellDeformerNode, PointStreamFromAnotherNodeMovesTheCharacters) {
+    const std::string source = text("createNode transform");
+    ASSERT_TRUE(run("addAttr -ln points -dt arrayAttrs " + source));
+    ZFnArrayAttrsData stream;
+    const ZObject data = stream.create();
+    stream.vectorArray("position") = ZVectorArray(std::vector<ZVector>{{1, 0, 0}, {0, 2, 0}, {0, 0, 0}});
+    stream.vectorArray("rotation") = ZVectorArray(std::vector<ZVector>{{0, 0, 0}, {0, 0, 0}, {0, 0, 180}});
+    // Added to the scale channels, which stand at 1.
+    stream.vectorArray("scale") = ZVectorArray(std::vector<ZVector>{{0, 0, 0}, {0, 0, 0}, {0, 0, 0}});
+    stream.vectorArray("typeOffsets") = ZVectorArray(std::vector<ZVector>{{0.5, 0, 0}, {0, 0, 0}, {0, 0, 0}});
+    ASSERT_TRUE(plugNamed(source, "points").setValue(data));
+    ASSERT_TRUE(run("connectAttr " + source + ".points shellDeformer1.inputPoints"));
+    // Words without a word list: no group samples the channels, whose values would replace the
+    // stream's rotations and scales.
+    ASSERT_TRUE(run("disconnectAttr type1.grouping shellDeformer1.grouping"));
+    ASSERT_TRUE(run("setAttr shellDeformer1.animationMode 2"));
+    ASSERT_TRUE(run("currentTime 0"));
+
+    const std::vector<ZPoint> before = points();
+    const auto shifts = [&](const std::vector<ZPoint>& after, int character) {
+        const auto v = static_cast<std::size_t>(characters()[static_cast<std::size_t>(character)][0]);
+        return ZVector(after[v].x - before[v].x, after[v].y - before[v].y, after[v].z - before[v].z);
+    };
+    const std::vector<ZPoint> triggered = deformed("shellDeformer1");
+    EXPECT_TRUE(shifts(triggered, 0).isEquivalent(ZVector(0.5, 0, 0), 1e-9)) << "offset by typeOffsets";
+    EXPECT_TRUE(shifts(triggered, 1).isEquivalent(ZVector(0, 2, 0), 1e-9));
+
+    // Half a turn about z mirrors the character in x, whatever its pivot: taken as radians it would
+    // not.
+    const std::vector<int> turned = characters()[2];
+    const auto a = static_cast<std::size_t>(turned.front());
+    const auto b = static_cast<std::size_t>(turned.back());
+    ASSERT_GT(std::abs(before[a].x - before[b].x), 0.1);
+    EXPECT_NEAR(triggered[a].x - triggered[b].x, before[b].x - before[a].x, 1e-9);
+
+    // Evaluated again for another reason, the offsets no longer count.
+    ASSERT_TRUE(run("setAttr shellDeformer1.xPivotLocation 0.25"));
+    EXPECT_TRUE(shifts(deformed("shellDeformer1"), 0).isEquivalent(ZVector(1, 0, 0), 1e-9));
 }
 
 TEST_F(ShellDeformerNode, DisabledAnimationPassesTheSolidThrough) {
