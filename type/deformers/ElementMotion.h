@@ -73,6 +73,27 @@ struct ElementMotion {
 
 ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element);
 
+// An element's whole motion as one affine map, p x M + c, worked out once per
+// element so that each vertex costs a single matrix product. A motion without
+// scale or turn keeps its exact translation.
+class ElementMap {
+public:
+    explicit ElementMap(const ElementMotion& motion);
+
+    Point3 apply(double x, double y, double z) const {
+        if (m_translationOnly)
+            return {x + m_offset.x, y + m_offset.y, z + m_offset.z};
+        return {x * m_m[0][0] + y * m_m[1][0] + z * m_m[2][0] + m_offset.x,
+                x * m_m[0][1] + y * m_m[1][1] + z * m_m[2][1] + m_offset.y,
+                x * m_m[0][2] + y * m_m[1][2] + z * m_m[2][2] + m_offset.z};
+    }
+
+private:
+    double m_m[3][3];
+    Point3 m_offset;
+    bool m_translationOnly = false;
+};
+
 // The motions of every element, with the grouping sums built once for all.
 std::vector<ElementMotion> elementMotions(const AnimationFrame& frame, const Elements& elements);
 
@@ -91,15 +112,13 @@ void moveElement(const ElementMotion& motion, std::span<const int> vertices, std
                 out[static_cast<std::size_t>(v)] = in[static_cast<std::size_t>(v)];
         return;
     }
-    const PivotTransform scaling(motion.scalePivot, {}, motion.scale);
-    const PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1.0, 1.0, 1.0});
+    const ElementMap map(motion);
     for (int v : vertices) {
         if (v < 0 || static_cast<std::size_t>(v) >= count)
             continue;
         const Point& from = in[static_cast<std::size_t>(v)];
         Point& to = out[static_cast<std::size_t>(v)];
-        const Point3 moved = turning.apply(scaling.apply(
-            {from.x + motion.translation.x, from.y + motion.translation.y, from.z + motion.translation.z}));
+        const Point3 moved = map.apply(from.x, from.y, from.z);
         to = from;
         if (!std::isnan(moved.x))
             to.x = moved.x;

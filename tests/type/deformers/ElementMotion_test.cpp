@@ -143,6 +143,34 @@ TEST(ElementMotion, WritesFromTheInputIntoAnotherArrayAndCopiesWhatStays) {
     expectNear(in[0], {0, 0, 0});
 }
 
+TEST(ElementMotion, OneMapAgreesWithScalingThenTurningEachAboutItsPivot) {
+    type::ElementMotion motion;
+    motion.translation = {0.5, -2, 3};
+    motion.scale = {1.5, 0.25, -2};
+    motion.rotationDegrees = {31, -47, 112};
+    motion.scalePivot = {1, 2, -1};
+    motion.rotationPivot = {-3, 0.5, 2};
+    const type::PivotTransform scaling(motion.scalePivot, {}, motion.scale);
+    const type::PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1, 1, 1});
+    const type::ElementMap map(motion);
+    for (const Point3& p : {Point3{0, 0, 0}, Point3{1, 2, 3}, Point3{-40, 0.5, 7}}) {
+        const Point3 stepwise = turning.apply(scaling.apply(
+            {p.x + motion.translation.x, p.y + motion.translation.y, p.z + motion.translation.z}));
+        const Point3 once = map.apply(p.x, p.y, p.z);
+        EXPECT_NEAR(once.x, stepwise.x, 1e-12);
+        EXPECT_NEAR(once.y, stepwise.y, 1e-12);
+        EXPECT_NEAR(once.z, stepwise.z, 1e-12);
+    }
+
+    // A translation alone is exact.
+    type::ElementMotion shift;
+    shift.translation = {0.1, 0.2, 0.3};
+    const Point3 moved = type::ElementMap(shift).apply(0.7, 0.1, 0.2);
+    EXPECT_EQ(moved.x, 0.7 + 0.1);
+    EXPECT_EQ(moved.y, 0.1 + 0.2);
+    EXPECT_EQ(moved.z, 0.2 + 0.3);
+}
+
 TEST(ElementMotion, ScaleAndTurnAboutTheMovedPivots) {
     type::ElementMotion motion;
     motion.translation = {10, 0, 0};
