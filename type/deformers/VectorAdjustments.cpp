@@ -17,8 +17,7 @@
 #include <OpenZyvo/ZPxGeometryFilter.h>
 #include <OpenZyvo/ZThreadPool.h>
 #include <OpenZyvo/ZVectorArray.h>
-#include <algorithm>
-#include <tbb/blocked_range.h>
+#include <cstdint>
 #include <tbb/parallel_for.h>
 
 namespace type {
@@ -60,19 +59,24 @@ constexpr const char* kUnit = vectorAdjustments::kSourceUnit;
 struct LineTask {
     const Adjustments* adjustments = nullptr;
     const Elements* elements = nullptr;
+    std::span<const ZPoint> input;
     std::span<ZPoint> points;
     std::vector<Box3>* boxes = nullptr;
+    std::vector<std::uint8_t>* laidOut = nullptr;
     int line = 0;
 };
 
 ZThreadRetVal adjustLine(void* data) {
     const LineTask& task = *static_cast<const LineTask*>(data);
-    for (const CharacterLayout& layout : layoutLine(*task.adjustments, *task.elements, task.line))
+    for (const CharacterLayout& layout : layoutLine(*task.adjustments, *task.elements, task.line)) {
+        const auto character = static_cast<std::size_t>(layout.character);
+        const std::span<const int> vertices(task.elements->vertices[character]);
         if (layout.moves())
-            (*task.boxes)[static_cast<std::size_t>(layout.character)] = adjustCharacter(
-                layout,
-                std::span<const int>(task.elements->vertices[static_cast<std::size_t>(layout.character)]),
-                task.points);
+            (*task.boxes)[character] = adjustCharacter(layout, vertices, task.input, task.points);
+        else
+            keepElement(vertices, task.input, task.points);
+        (*task.laidOut)[character] = 1;
+    }
     return nullptr;
 }
 
@@ -237,17 +241,17 @@ ZStatus vectorAdjustments::deform(ZDataBlock& block, ZItGeometry& iterator, cons
         const std::span<const ZPoint> input = m_elements->inputPoints();
         ZPointArray& points = m_elements->movedPoints();
         const std::span<ZPoint> moved(points.data(), points.length());
-        tbb::parallel_for(tbb::blocked_range<std::size_t>(0, input.size(), 16384),
-                          [&](const tbb::blocked_range<std::size_t>& range) {
-                              std::copy(input.begin() + static_cast<std::ptrdiff_t>(range.begin()),
-                                        input.begin() + static_cast<std::ptrdiff_t>(range.end()),
-                                        moved.begin() + static_cast<std::ptrdiff_t>(range.begin()));
-                          });
+        std::vector<std::uint8_t> laidOut(elements.vertices.size(), 0);
         std::vector<LineTask> tasks;
         for (int line = 0; line < static_cast<int>(adjustments.solidsPerLine.size()); ++line)
-            tasks.push_back({&adjustments, &elements, moved, &boxes, line});
+            tasks.push_back({&adjustments, &elements, input, moved, &boxes, &laidOut, line});
         if (!(status = ZThreadPool::newParallelRegion(runLines, &tasks)))
             return reportApiError(status, kUnit);
+        // Elements no line holds this time may have been moved by an earlier frame.
+        tbb::parallel_for(std::size_t{0}, laidOut.size(), [&](std::size_t element) {
+            if (!laidOut[element])
+                keepElement(std::span<const int>(elements.vertices[element]), input, moved);
+        });
         if (!(status = iterator.setAllPositions(points)))
             return reportApiError(status, kUnit);
     }
