@@ -21,6 +21,7 @@ ZStatus ElementCache::update(ZDataBlock& block, const ZObject& node, unsigned in
     if (!(status = geometry.allPositions(m_input)))
         return status;
     m_moved = m_input;
+    ++m_generation;
     m_valid = true;
     m_index = multiIndex;
     return ZStatus::kSuccess;

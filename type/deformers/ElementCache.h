@@ -30,10 +30,14 @@ public:
     // pages are not filled afresh each time. It holds the input points after
     // every rebuild, so vertices that no element holds keep them.
     ZPointArray& movedPoints() { return m_moved; }
+    // Counts the rebuilds: what a user of movedPoints() remembers of them
+    // holds only as long as this stays the same.
+    unsigned int generation() const { return m_generation; }
 
 private:
     bool m_valid = false;
     unsigned int m_index = 0;
+    unsigned int m_generation = 0;
     Elements m_elements;
     ZPointArray m_input;
     ZPointArray m_moved;

@@ -138,6 +138,17 @@ ElementMotion motionOf(const AnimationFrame& frame, const GroupSums& sums, const
 
 } // namespace
 
+bool ElementMotion::sameAs(const ElementMotion& other) const {
+    if (!moves() && !other.moves())
+        return true;
+    const auto same = [](const Point3& a, const Point3& b) {
+        return a.x == b.x && a.y == b.y && a.z == b.z;
+    };
+    return same(translation, other.translation) && same(rotationDegrees, other.rotationDegrees) &&
+           same(scale, other.scale) && same(rotationPivot, other.rotationPivot) &&
+           same(scalePivot, other.scalePivot);
+}
+
 ElementMap::ElementMap(const ElementMotion& motion) {
     // Scaled about its pivot after the translation, then turned about the other:
     // p x Ms x Mr + (T - sp) x Ms x Mr + (sp - rp) x Mr + rp.

@@ -69,6 +69,10 @@ struct ElementMotion {
                rotationDegrees.x != 0.0 || rotationDegrees.y != 0.0 || rotationDegrees.z != 0.0 ||
                scale.x != 1.0 || scale.y != 1.0 || scale.z != 1.0;
     }
+
+    // Whether `other` puts every point where this motion does: neither moves
+    // anything, or both are the same motion.
+    bool sameAs(const ElementMotion& other) const;
 };
 
 ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element);

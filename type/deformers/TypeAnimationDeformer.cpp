@@ -396,6 +396,12 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
     std::clock_t movedAt = moving;
     if (std::any_of(motions.begin(), motions.end(),
                     [](const ElementMotion& motion) { return motion.moves(); })) {
+        // The kept array still holds what the last moving frame wrote: elements that
+        // move as they did then are left as they are.
+        if (m_appliedFor != m_elements->generation() || m_applied.size() != motions.size()) {
+            m_applied.assign(motions.size(), ElementMotion{});
+            m_appliedFor = m_elements->generation();
+        }
         const std::span<const ZPoint> input = m_elements->inputPoints();
         ZPointArray& points = m_elements->movedPoints();
         const std::span<ZPoint> moved(points.data(), points.length());
@@ -403,9 +409,11 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
             tbb::blocked_range<std::size_t>(0, motions.size(), 1),
             [&](const tbb::blocked_range<std::size_t>& range) {
                 for (std::size_t i = range.begin(); i != range.end(); ++i)
-                    moveElement(motions[i], elements.vertices[i], input, moved);
+                    if (!motions[i].sameAs(m_applied[i]))
+                        moveElement(motions[i], elements.vertices[i], input, moved);
             },
             tbb::auto_partitioner());
+        m_applied = motions;
         movedAt = std::clock();
         if (!(status = iterator.setAllPositions(points)))
             return reportApiError(status, kUnit);

@@ -2,11 +2,13 @@
 
 #include <OpenZyvo/ZPxDeformerNode.h>
 #include <memory>
+#include <vector>
 
 namespace type {
 
 struct AnimationFrame;
 class ElementCache;
+struct ElementMotion;
 
 // The "shellDeformer" node: animates every character, word or line of a text
 // mesh as a rigid piece, each group sampling the animation channels at its own
@@ -86,6 +88,10 @@ private:
     ZStatus sampleChannels(ZDataBlock& block, AnimationFrame& frame);
 
     std::unique_ptr<ElementCache> m_elements;
+    // The motions the element cache's moved points show, for its generation
+    // m_appliedFor.
+    std::vector<ElementMotion> m_applied;
+    unsigned int m_appliedFor = 0;
     // Prints how long each frame took to set up and to move the elements.
     bool m_timing = false;
 };

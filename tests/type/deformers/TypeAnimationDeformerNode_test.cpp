@@ -131,6 +131,25 @@ TEST_F(ShellDeformerNode, PointStreamFromAnotherNodeMovesTheCharacters) {
     EXPECT_TRUE(shifts(deformed("shellDeformer1"), 0).isEquivalent(ZVector(1, 0, 0), 1e-9));
 }
 
+// Frames reuse what the frame before wrote where an element moves as it did then; what a frame
+// shows must not depend on the frames before it.
+TEST_F(ShellDeformerNode, AFrameShowsTheSameWhicheverFramesCameBefore) {
+    const auto at = [](double frame) {
+        EXPECT_TRUE(run("currentTime " + std::to_string(frame)));
+        return deformed("shellDeformer1");
+    };
+    at(0.0);
+    const std::vector<ZPoint> fresh = at(16.0);
+    // At 15 the first two characters already stand where they stay at 16.
+    for (const double frame : {15.0, 5.0, 15.0, 0.0, 15.0}) {
+        at(frame);
+        const std::vector<ZPoint> again = at(16.0);
+        ASSERT_EQ(again.size(), fresh.size());
+        for (std::size_t i = 0; i < fresh.size(); ++i)
+            ASSERT_TRUE(again[i] == fresh[i]) << "after frame " << frame << ", vertex " << i;
+    }
+}
+
 TEST_F(ShellDeformerNode, DisabledAnimationPassesTheSolidThrough) {
     ASSERT_TRUE(run("setAttr shellDeformer1.enableAnimation 0"));
     ASSERT_TRUE(run("currentTime 5"));
