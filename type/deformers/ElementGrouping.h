@@ -18,22 +18,18 @@ struct SolidGroup {
 // no solid, so a damaged array cannot make a range run backwards.
 int solidCount(double entry);
 
-// The number of solids of the groups before `group`.
-int solidsBefore(std::span<const double> counts, int group);
-
-// The group whose range of solids holds `solid`. Empty groups (an empty word
-// or line) hold no solid and are passed over.
-SolidGroup groupHolding(std::span<const double> counts, int solid);
-
-// The running sums of one grouping array, kept for lookups in logarithmic
-// time where many are made (every character of every line).
+// The running sums of one grouping array, built once so that every lookup
+// (one per character of the text) takes logarithmic time.
 class RunningSums {
 public:
     explicit RunningSums(std::span<const double> counts);
 
     int groups() const { return static_cast<int>(m_start.size()) - 1; }
-    // As solidsBefore and groupHolding.
+    // The number of solids of the groups before `group`; past the last group,
+    // all of them.
     int before(int group) const;
+    // The group whose range of solids holds `solid`. Empty groups (an empty
+    // word or line) hold no solid and are passed over.
     SolidGroup holding(int solid) const;
 
 private:

@@ -2,6 +2,8 @@
 
 #include "deformers/ElementGrouping.h"
 
+#include <tbb/parallel_for.h>
+
 namespace type {
 
 namespace {
@@ -59,26 +61,42 @@ int groupCount(const AnimationFrame& frame) {
     }
 }
 
-ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element) {
+namespace {
+
+// The running sums an element's group is looked up in, built once per frame.
+struct GroupSums {
+    explicit GroupSums(const AnimationFrame& frame)
+        : characters(frame.solidsPerCharacter)
+        , blocks(blocksOf(frame)) {}
+
+    // The word or line sums when the elements move in blocks, else none.
+    static std::span<const double> blocksOf(const AnimationFrame& frame) {
+        if (frame.grouping == AnimationGrouping::Word && !frame.solidsPerWord.empty() &&
+            !frame.solidsPerLine.empty())
+            return frame.solidsPerWord;
+        if (frame.grouping == AnimationGrouping::Line && !frame.solidsPerLine.empty())
+            return frame.solidsPerLine;
+        return {};
+    }
+
+    RunningSums characters;
+    RunningSums blocks;
+};
+
+ElementMotion motionOf(const AnimationFrame& frame, const GroupSums& sums, const Elements& elements,
+                       int element) {
     const Box3 own = elements.bounds[static_cast<std::size_t>(element)];
     Box3 rotationBox = pivotBox(own, elements.textBounds, frame.localRotationPivot);
     const Box3 scaleBox = pivotBox(own, elements.textBounds, frame.localScalePivot);
 
     int group = element;
-    const std::vector<double>* blocks = nullptr;
-    if (frame.grouping == AnimationGrouping::Word && !frame.solidsPerWord.empty() &&
-        !frame.solidsPerLine.empty())
-        blocks = &frame.solidsPerWord;
-    else if (frame.grouping == AnimationGrouping::Line && !frame.solidsPerLine.empty())
-        blocks = &frame.solidsPerLine;
-    if (blocks) {
-        const int solid = solidsBefore(frame.solidsPerCharacter, element);
-        const SolidGroup block = groupHolding(*blocks, solid);
+    if (sums.blocks.groups() > 0) {
+        const SolidGroup block = sums.blocks.holding(sums.characters.before(element));
         group = block.index;
         if (block.index >= 0) {
-            const Box3* first = boundsOf(elements, groupHolding(frame.solidsPerCharacter, block.first).index);
-            const Box3* last = boundsOf(
-                elements, groupHolding(frame.solidsPerCharacter, block.first + block.count - 1).index);
+            const Box3* first = boundsOf(elements, sums.characters.holding(block.first).index);
+            const Box3* last =
+                boundsOf(elements, sums.characters.holding(block.first + block.count - 1).index);
             if (first && last) {
                 rotationBox.min = first->min;
                 rotationBox.max = last->max;
@@ -116,6 +134,59 @@ ElementMotion elementMotion(const AnimationFrame& frame, const Elements& element
     motion.rotationPivot = pivotIn(rotationBox, frame.pivotLocation, motion.translation);
     motion.scalePivot = pivotIn(scaleBox, frame.pivotLocation, motion.translation);
     return motion;
+}
+
+} // namespace
+
+bool ElementMotion::sameAs(const ElementMotion& other) const {
+    if (!moves() && !other.moves())
+        return true;
+    const auto same = [](const Point3& a, const Point3& b) {
+        return a.x == b.x && a.y == b.y && a.z == b.z;
+    };
+    return same(translation, other.translation) && same(rotationDegrees, other.rotationDegrees) &&
+           same(scale, other.scale) && same(rotationPivot, other.rotationPivot) &&
+           same(scalePivot, other.scalePivot);
+}
+
+ElementMap::ElementMap(const ElementMotion& motion) {
+    // Scaled about its pivot after the translation, then turned about the other:
+    // p x Ms x Mr + (T - sp) x Ms x Mr + (sp - rp) x Mr + rp.
+    const PivotTransform scaling(motion.scalePivot, {}, motion.scale);
+    const PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1.0, 1.0, 1.0});
+    m_translationOnly = scaling.identity() && turning.identity();
+    if (m_translationOnly) {
+        m_offset = motion.translation;
+        return;
+    }
+    for (int r = 0; r < 3; ++r)
+        for (int c = 0; c < 3; ++c)
+            m_m[r][c] = scaling.matrix(r, 0) * turning.matrix(0, c) +
+                        scaling.matrix(r, 1) * turning.matrix(1, c) +
+                        scaling.matrix(r, 2) * turning.matrix(2, c);
+    const Point3& sp = scaling.pivot();
+    const Point3& rp = turning.pivot();
+    const Point3 lead{motion.translation.x - sp.x, motion.translation.y - sp.y, motion.translation.z - sp.z};
+    const Point3 between{sp.x - rp.x, sp.y - rp.y, sp.z - rp.z};
+    double offset[3];
+    for (int c = 0; c < 3; ++c)
+        offset[c] = lead.x * m_m[0][c] + lead.y * m_m[1][c] + lead.z * m_m[2][c] +
+                    between.x * turning.matrix(0, c) + between.y * turning.matrix(1, c) +
+                    between.z * turning.matrix(2, c);
+    m_offset = {offset[0] + rp.x, offset[1] + rp.y, offset[2] + rp.z};
+}
+
+ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element) {
+    return motionOf(frame, GroupSums(frame), elements, element);
+}
+
+std::vector<ElementMotion> elementMotions(const AnimationFrame& frame, const Elements& elements) {
+    const GroupSums sums(frame);
+    std::vector<ElementMotion> motions(elements.vertices.size());
+    tbb::parallel_for(std::size_t{0}, motions.size(), [&](std::size_t i) {
+        motions[i] = motionOf(frame, sums, elements, static_cast<int>(i));
+    });
+    return motions;
 }
 
 } // namespace type

@@ -3,6 +3,7 @@
 #include "deformers/ElementDiscovery.h"
 #include "deformers/PivotTransform.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <span>
@@ -68,34 +69,73 @@ struct ElementMotion {
                rotationDegrees.x != 0.0 || rotationDegrees.y != 0.0 || rotationDegrees.z != 0.0 ||
                scale.x != 1.0 || scale.y != 1.0 || scale.z != 1.0;
     }
+
+    // Whether `other` puts every point where this motion does: neither moves
+    // anything, or both are the same motion.
+    bool sameAs(const ElementMotion& other) const;
 };
 
 ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element);
 
-// Moves the points of one element in place; any point type with x, y and z
-// will do, so the host's point arrays are moved without a copy. Vertex ids
-// beyond the points are skipped; a coordinate that comes out NaN keeps its
-// input value.
+// An element's whole motion as one affine map, p x M + c, worked out once per
+// element so that each vertex costs a single matrix product. A motion without
+// scale or turn keeps its exact translation.
+class ElementMap {
+public:
+    explicit ElementMap(const ElementMotion& motion);
+
+    Point3 apply(double x, double y, double z) const {
+        if (m_translationOnly)
+            return {x + m_offset.x, y + m_offset.y, z + m_offset.z};
+        return {x * m_m[0][0] + y * m_m[1][0] + z * m_m[2][0] + m_offset.x,
+                x * m_m[0][1] + y * m_m[1][1] + z * m_m[2][1] + m_offset.y,
+                x * m_m[0][2] + y * m_m[1][2] + z * m_m[2][2] + m_offset.z};
+    }
+
+private:
+    double m_m[3][3];
+    Point3 m_offset;
+    bool m_translationOnly = false;
+};
+
+// The motions of every element, with the grouping sums built once for all.
+std::vector<ElementMotion> elementMotions(const AnimationFrame& frame, const Elements& elements);
+
+// Writes the moved points of one element from `in` to `out` (the same array
+// moves them in place); any point type with x, y and z will do, so the host's
+// point arrays are moved without a copy. An element that does not move is
+// copied. Vertex ids beyond either array are skipped; a coordinate that comes
+// out NaN keeps its input value.
+template <class Point>
+void moveElement(const ElementMotion& motion, std::span<const int> vertices, std::span<const Point> in,
+                 std::span<Point> out) {
+    const std::size_t count = std::min(in.size(), out.size());
+    if (!motion.moves()) {
+        for (int v : vertices)
+            if (v >= 0 && static_cast<std::size_t>(v) < count)
+                out[static_cast<std::size_t>(v)] = in[static_cast<std::size_t>(v)];
+        return;
+    }
+    const ElementMap map(motion);
+    for (int v : vertices) {
+        if (v < 0 || static_cast<std::size_t>(v) >= count)
+            continue;
+        const Point& from = in[static_cast<std::size_t>(v)];
+        Point& to = out[static_cast<std::size_t>(v)];
+        const Point3 moved = map.apply(from.x, from.y, from.z);
+        to = from;
+        if (!std::isnan(moved.x))
+            to.x = moved.x;
+        if (!std::isnan(moved.y))
+            to.y = moved.y;
+        if (!std::isnan(moved.z))
+            to.z = moved.z;
+    }
+}
+
 template <class Point>
 void moveElement(const ElementMotion& motion, std::span<const int> vertices, std::span<Point> points) {
-    if (!motion.moves())
-        return;
-    const PivotTransform scaling(motion.scalePivot, {}, motion.scale);
-    const PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1.0, 1.0, 1.0});
-    for (int v : vertices) {
-        if (v < 0 || static_cast<std::size_t>(v) >= points.size())
-            continue;
-        Point& point = points[static_cast<std::size_t>(v)];
-        const Point3 moved =
-            turning.apply(scaling.apply({point.x + motion.translation.x, point.y + motion.translation.y,
-                                         point.z + motion.translation.z}));
-        if (!std::isnan(moved.x))
-            point.x = moved.x;
-        if (!std::isnan(moved.y))
-            point.y = moved.y;
-        if (!std::isnan(moved.z))
-            point.z = moved.z;
-    }
+    moveElement(motion, vertices, std::span<const Point>(points), points);
 }
 
 } // namespace type

@@ -3,6 +3,7 @@
 #include "deformers/ElementDiscovery.h"
 #include "deformers/PivotTransform.h"
 
+#include <algorithm>
 #include <cmath>
 #include <span>
 #include <vector>
@@ -47,28 +48,47 @@ struct CharacterLayout {
 // The characters of line `line`, in text order, that have an element.
 std::vector<CharacterLayout> layoutLine(const Adjustments& adjustments, const Elements& elements, int line);
 
-// Moves one character's vertices in place and returns their new box. The
-// character ends at the first vertex id beyond the points; a coordinate that
-// comes out NaN keeps its input value.
+// Writes one character's moved vertices from `in` to `out` (the same array
+// moves them in place) and returns their new box. The character ends at the
+// first vertex id beyond either array; a coordinate that comes out NaN keeps
+// its input value.
 template <class Point>
-Box3 adjustCharacter(const CharacterLayout& layout, std::span<const int> vertices, std::span<Point> points) {
+Box3 adjustCharacter(const CharacterLayout& layout, std::span<const int> vertices, std::span<const Point> in,
+                     std::span<Point> out) {
+    const std::size_t count = std::min(in.size(), out.size());
     Box3 box;
     for (int v : vertices) {
-        if (v < 0 || static_cast<std::size_t>(v) >= points.size())
+        if (v < 0 || static_cast<std::size_t>(v) >= count)
             break;
-        Point& point = points[static_cast<std::size_t>(v)];
-        Point3 moved = layout.own.apply(layout.line.apply(layout.word.apply({point.x, point.y, point.z})));
+        const Point& from = in[static_cast<std::size_t>(v)];
+        Point& to = out[static_cast<std::size_t>(v)];
+        Point3 moved = layout.own.apply(layout.line.apply(layout.word.apply({from.x, from.y, from.z})));
         moved = {moved.x + layout.translation.x - layout.alignmentShift, moved.y + layout.translation.y,
                  moved.z + layout.translation.z};
+        to = from;
         if (!std::isnan(moved.x))
-            point.x = moved.x;
+            to.x = moved.x;
         if (!std::isnan(moved.y))
-            point.y = moved.y;
+            to.y = moved.y;
         if (!std::isnan(moved.z))
-            point.z = moved.z;
-        box.extend({point.x, point.y, point.z});
+            to.z = moved.z;
+        box.extend({to.x, to.y, to.z});
     }
     return box;
+}
+
+template <class Point>
+Box3 adjustCharacter(const CharacterLayout& layout, std::span<const int> vertices, std::span<Point> points) {
+    return adjustCharacter(layout, vertices, std::span<const Point>(points), points);
+}
+
+// Copies the vertices of an element that stays where it came in.
+template <class Point>
+void keepElement(std::span<const int> vertices, std::span<const Point> in, std::span<Point> out) {
+    const std::size_t count = std::min(in.size(), out.size());
+    for (int v : vertices)
+        if (v >= 0 && static_cast<std::size_t>(v) < count)
+            out[static_cast<std::size_t>(v)] = in[static_cast<std::size_t>(v)];
 }
 
 } // namespace type

@@ -19,6 +19,10 @@ public:
     // within rounding of it.
     bool identity() const { return m_identity; }
 
+    const Point3& pivot() const { return m_pivot; }
+    // Row r, column c of M.
+    double matrix(int r, int c) const { return m_m[r][c]; }
+
     Point3 apply(const Point3& p) const {
         if (m_identity)
             return p;

@@ -3,6 +3,7 @@
 #include "deformers/ElementCache.h"
 #include "deformers/ElementDelays.h"
 #include "deformers/ElementMotion.h"
+#include "deformers/FrameTiming.h"
 #include "deformers/NodeArrays.h"
 #include "plugin/ApiError.h"
 #include "plugin/AttributeSchema.h"
@@ -19,6 +20,8 @@
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZVectorArray.h>
 #include <algorithm>
+#include <ctime>
+#include <iostream>
 #include <numbers>
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
@@ -77,7 +80,8 @@ constexpr const char* kUnit = TypeAnimationDeformer::kSourceUnit;
 } // namespace
 
 TypeAnimationDeformer::TypeAnimationDeformer()
-    : m_elements(std::make_unique<ElementCache>()) {}
+    : m_elements(std::make_unique<ElementCache>())
+    , m_timing(timingRequested()) {}
 
 TypeAnimationDeformer::~TypeAnimationDeformer() = default;
 
@@ -344,6 +348,7 @@ ZStatus TypeAnimationDeformer::sampleChannels(ZDataBlock& block, AnimationFrame&
 
 ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, const ZMatrix& localToWorld,
                                       unsigned int multiIndex) {
+    const std::clock_t started = std::clock();
     ZStatus status;
     const bool enabled = block.inputValue(enableAnimation, &status).asBool();
     if (!status)
@@ -360,10 +365,7 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
         if (!(status = readDoubles(block, *attribute, *target)))
             return reportApiError(status, kUnit);
 
-    const int pointCount = iterator.count(&status);
-    if (!status)
-        return reportApiError(status, kUnit);
-    status = m_elements->update(block, thisZObject(), multiIndex, pointCount, vertexGroupIds);
+    status = m_elements->update(block, thisZObject(), multiIndex, iterator, vertexGroupIds);
     if (!status)
         return reportApiError(status, kUnit);
     const Elements& elements = m_elements->elements();
@@ -378,11 +380,7 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
         return status;
 
     // The motions first: a frame at which nothing moves touches no point.
-    const std::size_t elementCount = elements.vertices.size();
-    std::vector<ElementMotion> motions(elementCount);
-    tbb::parallel_for(std::size_t{0}, elementCount, [&](std::size_t i) {
-        motions[i] = elementMotion(frame, elements, static_cast<int>(i));
-    });
+    const std::vector<ElementMotion> motions = elementMotions(frame, elements);
     ZVectorArray rotationPivots;
     ZVectorArray scalePivots;
     if (pivotDisplay)
@@ -394,22 +392,34 @@ ZStatus TypeAnimationDeformer::deform(ZDataBlock& block, ZItGeometry& iterator, 
             rotationPivots.append(ZVector(r.x, r.y, r.z));
             scalePivots.append(ZVector(s.x, s.y, s.z));
         }
+    const std::clock_t moving = std::clock();
+    std::clock_t movedAt = moving;
     if (std::any_of(motions.begin(), motions.end(),
                     [](const ElementMotion& motion) { return motion.moves(); })) {
-        ZPointArray points;
-        if (!(status = iterator.allPositions(points)))
-            return reportApiError(status, kUnit);
+        // The kept array still holds what the last moving frame wrote: elements that
+        // move as they did then are left as they are.
+        if (m_appliedFor != m_elements->generation() || m_applied.size() != motions.size()) {
+            m_applied.assign(motions.size(), ElementMotion{});
+            m_appliedFor = m_elements->generation();
+        }
+        const std::span<const ZPoint> input = m_elements->inputPoints();
+        ZPointArray& points = m_elements->movedPoints();
         const std::span<ZPoint> moved(points.data(), points.length());
         tbb::parallel_for(
-            tbb::blocked_range<std::size_t>(0, elementCount, 1),
+            tbb::blocked_range<std::size_t>(0, motions.size(), 1),
             [&](const tbb::blocked_range<std::size_t>& range) {
                 for (std::size_t i = range.begin(); i != range.end(); ++i)
-                    moveElement(motions[i], elements.vertices[i], moved);
+                    if (!motions[i].sameAs(m_applied[i]))
+                        moveElement(motions[i], elements.vertices[i], input, moved);
             },
             tbb::auto_partitioner());
+        m_applied = motions;
+        movedAt = std::clock();
         if (!(status = iterator.setAllPositions(points)))
             return reportApiError(status, kUnit);
     }
+    if (m_timing)
+        reportTiming(std::cout, moving - started, movedAt - moving);
 
     for (auto [attribute, values] :
          {std::pair{&rotationPivotPointsPP, &rotationPivots}, std::pair{&scalePivotPointsPP, &scalePivots}}) {

@@ -2,18 +2,22 @@
 
 #include <OpenZyvo/ZPxDeformerNode.h>
 #include <memory>
+#include <vector>
 
 namespace type {
 
 struct AnimationFrame;
 class ElementCache;
+struct ElementMotion;
 
 // The "shellDeformer" node: animates every character, word or line of a text
 // mesh as a rigid piece, each group sampling the animation channels at its own
 // delayed time, so that one keyed channel cascades over the text.
 //
-// The pieces (vertex groups of the text pipeline, or connected shells) are
-// found once per input geometry and kept until the geometry changes.
+// The pieces (vertex groups of the text pipeline, or connected shells) and
+// the input points are found once per input geometry and kept until the
+// geometry changes. With TYPE_DEFORMER_TIMING=1 in the environment of the
+// process that creates the node, every frame prints its setup and move times.
 class TypeAnimationDeformer : public ZPxDeformerNode {
 public:
     static constexpr unsigned int kTypeId = 0x11BE0D;
@@ -84,6 +88,12 @@ private:
     ZStatus sampleChannels(ZDataBlock& block, AnimationFrame& frame);
 
     std::unique_ptr<ElementCache> m_elements;
+    // The motions the element cache's moved points show, for its generation
+    // m_appliedFor.
+    std::vector<ElementMotion> m_applied;
+    unsigned int m_appliedFor = 0;
+    // Prints how long each frame took to set up and to move the elements.
+    bool m_timing = false;
 };
 
 } // namespace type

@@ -17,6 +17,8 @@
 #include <OpenZyvo/ZPxGeometryFilter.h>
 #include <OpenZyvo/ZThreadPool.h>
 #include <OpenZyvo/ZVectorArray.h>
+#include <cstdint>
+#include <tbb/parallel_for.h>
 
 namespace type {
 
@@ -57,19 +59,24 @@ constexpr const char* kUnit = vectorAdjustments::kSourceUnit;
 struct LineTask {
     const Adjustments* adjustments = nullptr;
     const Elements* elements = nullptr;
+    std::span<const ZPoint> input;
     std::span<ZPoint> points;
     std::vector<Box3>* boxes = nullptr;
+    std::vector<std::uint8_t>* laidOut = nullptr;
     int line = 0;
 };
 
 ZThreadRetVal adjustLine(void* data) {
     const LineTask& task = *static_cast<const LineTask*>(data);
-    for (const CharacterLayout& layout : layoutLine(*task.adjustments, *task.elements, task.line))
+    for (const CharacterLayout& layout : layoutLine(*task.adjustments, *task.elements, task.line)) {
+        const auto character = static_cast<std::size_t>(layout.character);
+        const std::span<const int> vertices(task.elements->vertices[character]);
         if (layout.moves())
-            (*task.boxes)[static_cast<std::size_t>(layout.character)] = adjustCharacter(
-                layout,
-                std::span<const int>(task.elements->vertices[static_cast<std::size_t>(layout.character)]),
-                task.points);
+            (*task.boxes)[character] = adjustCharacter(layout, vertices, task.input, task.points);
+        else
+            keepElement(vertices, task.input, task.points);
+        (*task.laidOut)[character] = 1;
+    }
     return nullptr;
 }
 
@@ -223,26 +230,31 @@ ZStatus vectorAdjustments::deform(ZDataBlock& block, ZItGeometry& iterator, cons
     if (adjustments.positions.empty())
         adjustments.positions.assign(adjustments.solidsPerCharacter.size(), Point3{});
 
-    ZPointArray points;
-    if (!(status = iterator.allPositions(points)))
-        return reportApiError(status, kUnit);
-    status = m_elements->update(block, thisZObject(), multiIndex, static_cast<int>(points.length()),
-                                vertexGroupIds);
+    status = m_elements->update(block, thisZObject(), multiIndex, iterator, vertexGroupIds);
     if (!status)
         return reportApiError(status, kUnit);
     const Elements& elements = m_elements->elements();
 
+    // Without adjustments the output is the input as it came.
     std::vector<Box3> boxes = elements.bounds;
     if (canAdjust(adjustments)) {
+        const std::span<const ZPoint> input = m_elements->inputPoints();
+        ZPointArray& points = m_elements->movedPoints();
+        const std::span<ZPoint> moved(points.data(), points.length());
+        std::vector<std::uint8_t> laidOut(elements.vertices.size(), 0);
         std::vector<LineTask> tasks;
         for (int line = 0; line < static_cast<int>(adjustments.solidsPerLine.size()); ++line)
-            tasks.push_back(
-                {&adjustments, &elements, std::span<ZPoint>(points.data(), points.length()), &boxes, line});
+            tasks.push_back({&adjustments, &elements, input, moved, &boxes, &laidOut, line});
         if (!(status = ZThreadPool::newParallelRegion(runLines, &tasks)))
             return reportApiError(status, kUnit);
+        // Elements no line holds this time may have been moved by an earlier frame.
+        tbb::parallel_for(std::size_t{0}, laidOut.size(), [&](std::size_t element) {
+            if (!laidOut[element])
+                keepElement(std::span<const int>(elements.vertices[element]), input, moved);
+        });
+        if (!(status = iterator.setAllPositions(points)))
+            return reportApiError(status, kUnit);
     }
-    if (!(status = iterator.setAllPositions(points)))
-        return reportApiError(status, kUnit);
 
     std::vector<ZVector> positions;
     std::vector<ZVector> corners;

@@ -8,8 +8,9 @@
 
 namespace oz {
 
-// A mesh as a data value: the kernel mesh and the object groups that index into it. Copies are
-// value copies of both.
+// A mesh as a data value: the kernel mesh and the object groups that index into it. Copies behave
+// as value copies of both, and cost little: the mesh shares its columns until one side writes, and
+// the groups share their member lists, which are never edited in place.
 class MeshData final : public GeometryData, public MeshTarget {
 public:
     ZFn::Type apiType() const override { return ZFn::kMeshData; }

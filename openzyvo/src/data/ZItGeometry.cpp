@@ -3,13 +3,25 @@
 #include "data/VertexPosition.h"
 
 #include <OpenZyvo/ZItGeometry.h>
-#include <vector>
+#include <span>
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 
 using oz::MeshElement;
 using oz::MeshTarget;
 
 namespace {
+
 constexpr MeshElement kVertex = MeshElement::kVertex;
+
+// Converting a whole mesh's points is bound by memory; large blocks keep the tasks few.
+template <class Convert> void inParallel(std::size_t count, Convert&& convert) {
+    constexpr std::size_t kGrain = 16384;
+    tbb::parallel_for(
+        tbb::blocked_range<std::size_t>(0, count, kGrain),
+        [&](const tbb::blocked_range<std::size_t>& range) { convert(range.begin(), range.end()); });
+}
+
 } // namespace
 
 ZItGeometry::ZItGeometry(const ZObject& geometry, ZStatus* status)
@@ -55,17 +67,22 @@ ZStatus ZItGeometry::allPositions(ZPointArray& positions, ZSpace::Space space) c
     if (!transform)
         return ZStatus::kInvalidParameter;
     const auto points = mesh->points();
-    // Appended rather than resized and overwritten: resizing would write every point twice.
+    // A caller that passes the same array every evaluation keeps its pages: only a change of count
+    // reallocates.
     auto& out = positions.asVector();
-    out.clear();
-    out.reserve(points.size());
-    if (transform->isIdentity()) {
-        for (const oz::mesh::Point3& p : points)
-            out.emplace_back(p.x, p.y, p.z);
-    } else {
-        for (const oz::mesh::Point3& p : points)
-            out.push_back(transform->pointToSpace(p));
+    if (out.size() != points.size()) {
+        out.clear();
+        out.resize(points.size());
     }
+    ZPoint* to = out.data();
+    inParallel(points.size(), [&](std::size_t begin, std::size_t end) {
+        if (transform->isIdentity())
+            for (std::size_t i = begin; i < end; ++i)
+                to[i] = ZPoint(points[i].x, points[i].y, points[i].z);
+        else
+            for (std::size_t i = begin; i < end; ++i)
+                to[i] = transform->pointToSpace(points[i]);
+    });
     return ZStatus::kSuccess;
 }
 
@@ -73,18 +90,18 @@ ZStatus ZItGeometry::setAllPositions(const ZPointArray& positions, ZSpace::Space
     const auto transform = m_target ? oz::SpaceTransform::make(*m_target, space) : std::nullopt;
     if (!transform)
         return ZStatus::kInvalidParameter;
-    // Kept per thread between calls: a deformer sends every point on every evaluation, and filling
-    // a fresh array of a million points first costs page faults on top of the copy.
-    thread_local std::vector<oz::mesh::Point3> moved;
-    moved.resize(positions.length());
-    const ZPoint* in = positions.data();
-    if (transform->isIdentity()) {
-        for (size_t i = 0; i < moved.size(); ++i)
-            moved[i] = oz::toKernel(in[i]);
-    } else {
-        for (size_t i = 0; i < moved.size(); ++i)
-            moved[i] = transform->pointFromSpace(in[i]);
-    }
-    return oz::editMesh(m_target, MeshTarget::Edit::kPoints,
-                        [&](oz::MeshData& data) { return oz::toStatus(data.mesh.setPoints(moved)); });
+    const ZPoint* from = positions.data();
+    // Converted straight into the mesh's own storage: no array in between to fill first.
+    return oz::editMesh(m_target, MeshTarget::Edit::kPoints, [&](oz::MeshData& data) {
+        return oz::toStatus(data.mesh.fillPoints(positions.length(), [&](std::span<oz::mesh::Point3> to) {
+            inParallel(to.size(), [&](std::size_t begin, std::size_t end) {
+                if (transform->isIdentity())
+                    for (std::size_t i = begin; i < end; ++i)
+                        to[i] = oz::toKernel(from[i]);
+                else
+                    for (std::size_t i = begin; i < end; ++i)
+                        to[i] = transform->pointFromSpace(from[i]);
+            });
+        }));
+    });
 }

@@ -3,63 +3,76 @@
 #include "mesh/Normals.h"
 
 #include <tbb/parallel_for.h>
+#include <utility>
 
 namespace oz::mesh {
 
 Mesh::Mesh()
-    : uvSets_{UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}}} {}
+    : uvSets_{Shared<UvChannel>(UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}})} {}
 
 std::optional<Point3> Mesh::point(int32_t vertex) const {
     if (vertex < 0 || vertex >= vertexCount())
         return std::nullopt;
-    return points_[vertex];
+    return points_.read()[vertex];
 }
 
 Status Mesh::setPoints(std::span<const Point3> points) {
-    if (points.size() != points_.size())
+    return fillPoints(points.size(),
+                      [&](std::span<Point3> own) { std::copy(points.begin(), points.end(), own.begin()); });
+}
+
+Status Mesh::fillPoints(size_t count, const std::function<void(std::span<Point3>)>& fill) {
+    if (count != points_.read().size())
         return Status::SizeMismatch;
-    std::copy(points.begin(), points.end(), points_.begin());
+    // Every point is overwritten, so points still shared with a copy are not copied first.
+    fill(points_.overwrite([&] {
+        if (spare_.points.size() != count)
+            return std::vector<Point3>(count);
+        return std::exchange(spare_.points, {});
+    }));
     pointsMoved();
     return Status::Success;
 }
 
-Status Mesh::fillPoints(size_t count, const std::function<void(std::span<Point3>)>& fill) {
-    if (count != points_.size())
-        return Status::SizeMismatch;
-    fill(points_);
-    pointsMoved();
-    return Status::Success;
+void Mesh::recyclePointStorage(Mesh& dropped) {
+    if (&dropped == this)
+        return;
+    if (std::optional<std::vector<Point3>> storage = dropped.points_.takeIfUnshared())
+        spare_.points = std::move(*storage);
+    else
+        spare_.points = std::exchange(dropped.spare_.points, {});
 }
 
 Status Mesh::setPoint(int32_t vertex, Point3 p) {
     if (vertex < 0 || vertex >= vertexCount())
         return Status::InvalidIndex;
-    points_[vertex] = p;
+    points_.write()[vertex] = p;
     pointsMoved();
     return Status::Success;
 }
 
 BoundingBox Mesh::boundingBox() const {
     BoundingBox box;
-    for (const Point3& p : points_)
+    for (const Point3& p : points_.read())
         box.expand(p);
     return box;
 }
 
 std::shared_ptr<const Topology> Mesh::topology() const {
-    return topology_.get(topologyVersion_, [&] { return buildTopology(faces_, vertexCount()); });
+    return topology_.get(topologyVersion_, [&] { return buildTopology(faces_.read(), vertexCount()); });
 }
 
 std::shared_ptr<const Triangulation> Mesh::triangulation() const {
-    return triangulation_.get(topologyVersion_, [&] { return triangulateFaces(faces_, points_); });
+    return triangulation_.get(topologyVersion_,
+                              [&] { return triangulateFaces(faces_.read(), points_.read()); });
 }
 
 std::shared_ptr<const std::vector<BoundingBox>> Mesh::faceBounds() const {
     return faceBounds_.get(geometryVersion_, [&] {
         std::vector<BoundingBox> bounds(static_cast<size_t>(faceCount()));
         tbb::parallel_for(int32_t{0}, faceCount(), [&](int32_t f) {
-            for (const int32_t v : faces_.faceVertices(f))
-                bounds[f].expand(points_[v]);
+            for (const int32_t v : faces_.read().faceVertices(f))
+                bounds[f].expand(points_.read()[v]);
         });
         return bounds;
     });
@@ -68,12 +81,12 @@ std::shared_ptr<const std::vector<BoundingBox>> Mesh::faceBounds() const {
 std::optional<double> Mesh::triangulatedArea(int32_t face) const {
     if (face < 0 || face >= faceCount())
         return std::nullopt;
-    return triangleArea(triangulation()->faceTriangles(face), points_);
+    return triangleArea(triangulation()->faceTriangles(face), points_.read());
 }
 
 Status Mesh::closestIntersection(const Ray& ray, double maxDistance, double tolerance, RayHit& hit) const {
     return oz::mesh::closestIntersection(ray, maxDistance, tolerance, *triangulation(), *faceBounds(),
-                                         points_, hit);
+                                         points_.read(), hit);
 }
 
 } // namespace oz::mesh

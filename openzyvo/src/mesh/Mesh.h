@@ -7,6 +7,7 @@
 #include "mesh/FaceTriangulation.h"
 #include "mesh/HoleList.h"
 #include "mesh/RayIntersection.h"
+#include "mesh/Shared.h"
 #include "mesh/Status.h"
 #include "mesh/Topology.h"
 #include "mesh/UvSet.h"
@@ -26,9 +27,11 @@ namespace oz::mesh {
 
 // A polygon mesh as a value: points, faces made of an outer loop and hole loops of vertex ids,
 // per-face-vertex normals, optional vertex colours and named uv sets. Copies are independent
-// and cheap to make where it matters: derived tables (topology, triangulation, face boxes) are
-// immutable snapshots shared between copies and rebuilt only when the data they derive from
-// changes. Moving points never rebuilds topology or the triangle lists.
+// and cheap: they share the storage of every column (points, faces, normals, colours, each uv
+// set) until one of them changes it, and then that copy alone takes its own of that column.
+// Derived tables (topology, triangulation, face boxes) are immutable snapshots shared between
+// copies and rebuilt only when the data they derive from changes. Moving points never rebuilds
+// topology or the triangle lists.
 //
 // Every operation that can fail returns a Status and leaves the mesh untouched on failure.
 // Queries given an invalid id return an empty span or std::nullopt. Const member functions may
@@ -62,26 +65,30 @@ public:
 
     // --- Counts and faces -----------------------------------------------------------------------
 
-    int32_t vertexCount() const { return static_cast<int32_t>(points_.size()); }
-    int32_t faceCount() const { return faces_.faceCount(); }
-    int32_t faceVertexCount() const { return faces_.faceVertexCount(); }
+    int32_t vertexCount() const { return static_cast<int32_t>(points_.read().size()); }
+    int32_t faceCount() const { return faces_.read().faceCount(); }
+    int32_t faceVertexCount() const { return faces_.read().faceVertexCount(); }
     int32_t edgeCount() const { return topology()->edgeCount(); }
 
-    const FaceLoops& faces() const { return faces_; }
-    std::span<const int32_t> outerLoop(int32_t face) const { return faces_.loop(face, 0); }
+    const FaceLoops& faces() const { return faces_.read(); }
+    std::span<const int32_t> outerLoop(int32_t face) const { return faces_.read().loop(face, 0); }
     // All loops of the face, outer first.
-    std::span<const int32_t> faceVertices(int32_t face) const { return faces_.faceVertices(face); }
+    std::span<const int32_t> faceVertices(int32_t face) const { return faces_.read().faceVertices(face); }
     HoleList holes() const;
 
     // --- Points ---------------------------------------------------------------------------------
 
-    std::span<const Point3> points() const { return points_; }
+    std::span<const Point3> points() const { return points_.read(); }
     std::optional<Point3> point(int32_t vertex) const;
     Status setPoints(std::span<const Point3> points);
     // Overwrites all `count` points (the count must stay) by handing the mesh's own storage to
     // `fill`: writers that convert from another layout then pass over the points only once.
     Status fillPoints(size_t count, const std::function<void(std::span<Point3>)>& fill);
     Status setPoint(int32_t vertex, Point3 p);
+    // Keeps the point storage of `dropped`, a mesh its owner is about to let go of, for the next
+    // fillPoints that has to detach from shared points: a mesh rewritten from a copy on every
+    // evaluation then writes into warm pages instead of fresh ones. `dropped` may lose its points.
+    void recyclePointStorage(Mesh& dropped);
     BoundingBox boundingBox() const;
 
     // --- Normals --------------------------------------------------------------------------------
@@ -101,7 +108,7 @@ public:
 
     // --- Vertex colours -------------------------------------------------------------------------
 
-    bool hasVertexColors() const { return !colors_.empty(); }
+    bool hasVertexColors() const { return !colors_.read().colors.empty(); }
     // The colour set on the vertex, or nullopt when it has none.
     std::optional<Color> vertexColor(int32_t vertex) const;
     Status setVertexColors(std::span<const Color> colors, std::span<const int32_t> vertices);
@@ -146,6 +153,7 @@ private:
         std::vector<int32_t> pooledIds; // per face-vertex, in the faces' pool order
     };
 
+    // The channel to change, detached from the copies that share it.
     UvChannel* findUvChannel(std::string_view name);
     const UvChannel* findUvChannel(std::string_view name) const;
     void appendPoints(std::span<const Point3> added);
@@ -167,17 +175,35 @@ private:
         std::unique_ptr<VertexMergeIndex> index;
     };
 
-    std::vector<Point3> points_;
-    FaceLoops faces_;
+    struct VertexColors {
+        std::vector<Color> colors; // empty, or one per vertex
+        std::vector<uint8_t> set;
+    };
+
+    Shared<std::vector<Point3>> points_;
+    Shared<FaceLoops> faces_;
     bool normalsSet_ = false;
-    std::vector<Vector3> normals_; // once set, per face-vertex in the faces' pool order
-    std::vector<Color> colors_;    // empty, or one per vertex
-    std::vector<uint8_t> colorSet_;
-    std::vector<UvChannel> uvSets_;
+    Shared<std::vector<Vector3>> normals_; // once set, per face-vertex in the faces' pool order
+    Shared<VertexColors> colors_;
+    std::vector<Shared<UvChannel>> uvSets_;
     uint64_t topologyVersion_ = 0;
     uint64_t geometryVersion_ = 0;
 
+    // Storage to overwrite instead of allocating, not part of the mesh's value: copies start
+    // without it.
+    struct SpareHolder {
+        SpareHolder() = default;
+        SpareHolder(const SpareHolder&) {}
+        SpareHolder& operator=(const SpareHolder&) {
+            points.clear();
+            points.shrink_to_fit();
+            return *this;
+        }
+        std::vector<Point3> points;
+    };
+
     MergeIndexHolder merge_;
+    SpareHolder spare_;
     CacheSlot<Topology> topology_;
     CacheSlot<Triangulation> triangulation_;
     CacheSlot<std::vector<BoundingBox>> faceBounds_;

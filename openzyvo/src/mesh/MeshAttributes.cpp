@@ -30,39 +30,39 @@ template <class Valid> bool anyInvalid(std::span<const int32_t> ids, Valid valid
 std::optional<Vector3> Mesh::faceNormal(int32_t face) const {
     if (face < 0 || face >= faceCount())
         return std::nullopt;
-    return oz::mesh::faceNormal(faces_, points_, face);
+    return oz::mesh::faceNormal(faces_.read(), points_.read(), face);
 }
 
 std::optional<Vector3> Mesh::vertexNormal(int32_t vertex) const {
     if (vertex < 0 || vertex >= vertexCount())
         return std::nullopt;
-    return angleWeightedVertexNormal(faces_, points_, vertex, topology()->vertexFaces[vertex]);
+    return angleWeightedVertexNormal(faces_.read(), points_.read(), vertex, topology()->vertexFaces[vertex]);
 }
 
 std::vector<Vector3> Mesh::vertexNormals() const {
-    return angleWeightedVertexNormals(faces_, points_);
+    return angleWeightedVertexNormals(faces_.read(), points_.read());
 }
 
 std::vector<Vector3> Mesh::normals() const {
     if (normalsSet_)
-        return toFaceOrder(faces_, normals_);
+        return toFaceOrder(faces_.read(), normals_.read());
     std::vector<Vector3> derived;
     derived.reserve(static_cast<size_t>(faceVertexCount()));
     for (int32_t f = 0; f < faceCount(); ++f)
-        derived.insert(derived.end(), faces_.faceVertices(f).size(),
-                       oz::mesh::faceNormal(faces_, points_, f));
+        derived.insert(derived.end(), faces_.read().faceVertices(f).size(),
+                       oz::mesh::faceNormal(faces_.read(), points_.read(), f));
     return derived;
 }
 
 Status Mesh::faceVertexNormals(int32_t face, std::vector<Vector3>& out) const {
     if (face < 0 || face >= faceCount())
         return Status::InvalidIndex;
-    const size_t count = faces_.faceVertices(face).size();
+    const size_t count = faces_.read().faceVertices(face).size();
     if (normalsSet_) {
-        const auto begin = normals_.begin() + faces_.poolStart(face);
+        const auto begin = normals_.read().begin() + faces_.read().poolStart(face);
         out.assign(begin, begin + static_cast<std::ptrdiff_t>(count));
     } else {
-        out.assign(count, oz::mesh::faceNormal(faces_, points_, face));
+        out.assign(count, oz::mesh::faceNormal(faces_.read(), points_.read(), face));
     }
     return Status::Success;
 }
@@ -70,15 +70,15 @@ Status Mesh::faceVertexNormals(int32_t face, std::vector<Vector3>& out) const {
 Status Mesh::setNormals(std::span<const Vector3> normals) {
     if (normals.size() != static_cast<size_t>(faceVertexCount()))
         return Status::SizeMismatch;
-    fromFaceOrder(faces_, normals, normals_);
+    fromFaceOrder(faces_.read(), normals, normals_.overwrite([] { return std::vector<Vector3>(); }));
     normalsSet_ = true;
     return Status::Success;
 }
 
 std::optional<Color> Mesh::vertexColor(int32_t vertex) const {
-    if (vertex < 0 || vertex >= vertexCount() || !hasVertexColors() || !colorSet_[vertex])
+    if (vertex < 0 || vertex >= vertexCount() || !hasVertexColors() || !colors_.read().set[vertex])
         return std::nullopt;
-    return colors_[vertex];
+    return colors_.read().colors[vertex];
 }
 
 Status Mesh::setVertexColors(std::span<const Color> colors, std::span<const int32_t> vertices) {
@@ -87,35 +87,37 @@ Status Mesh::setVertexColors(std::span<const Color> colors, std::span<const int3
     const int32_t count = vertexCount();
     if (anyInvalid(vertices, [count](int32_t v) { return v >= 0 && v < count; }))
         return Status::InvalidIndex;
-    colors_.resize(points_.size());
-    colorSet_.resize(points_.size(), 0);
+    VertexColors& own = colors_.write();
+    own.colors.resize(points_.read().size());
+    own.set.resize(points_.read().size(), 0);
     for (size_t i = 0; i < vertices.size(); ++i) {
-        colors_[vertices[i]] = colors[i];
-        colorSet_[vertices[i]] = 1;
+        own.colors[vertices[i]] = colors[i];
+        own.set[vertices[i]] = 1;
     }
     return Status::Success;
 }
 
 void Mesh::clearVertexColors() {
-    colors_.clear();
-    colorSet_.clear();
+    colors_ = Shared<VertexColors>();
 }
 
 std::vector<std::string> Mesh::uvSetNames() const {
     std::vector<std::string> names;
-    for (const UvChannel& channel : uvSets_)
-        names.push_back(channel.set.name);
+    for (const Shared<UvChannel>& channel : uvSets_)
+        names.push_back(channel.read().set.name);
     return names;
 }
 
 const Mesh::UvChannel* Mesh::findUvChannel(std::string_view name) const {
-    const auto it =
-        std::find_if(uvSets_.begin(), uvSets_.end(), [&](const UvChannel& c) { return c.set.name == name; });
-    return it == uvSets_.end() ? nullptr : &*it;
+    const auto it = std::find_if(uvSets_.begin(), uvSets_.end(),
+                                 [&](const Shared<UvChannel>& c) { return c.read().set.name == name; });
+    return it == uvSets_.end() ? nullptr : &it->read();
 }
 
 Mesh::UvChannel* Mesh::findUvChannel(std::string_view name) {
-    return const_cast<UvChannel*>(std::as_const(*this).findUvChannel(name));
+    const auto it = std::find_if(uvSets_.begin(), uvSets_.end(),
+                                 [&](const Shared<UvChannel>& c) { return c.read().set.name == name; });
+    return it == uvSets_.end() ? nullptr : &it->write();
 }
 
 const UvSet* Mesh::uvSet(std::string_view name) const {
@@ -124,10 +126,11 @@ const UvSet* Mesh::uvSet(std::string_view name) const {
 }
 
 Status Mesh::createUvSet(std::string_view name) {
-    if (name.empty() || findUvChannel(name))
+    if (name.empty() || std::as_const(*this).findUvChannel(name))
         return Status::InvalidArgument;
-    uvSets_.push_back(UvChannel{UvSet{std::string(name), {}, {}}, {}});
-    uvSets_.back().pooledIds.assign(static_cast<size_t>(faces_.poolSize()), UvSet::kNoUv);
+    uvSets_.emplace_back(
+        UvChannel{UvSet{std::string(name), {}, {}},
+                  std::vector<int32_t>(static_cast<size_t>(faces_.read().poolSize()), UvSet::kNoUv)});
     return Status::Success;
 }
 
@@ -158,7 +161,7 @@ Status Mesh::faceVertexUvIds(std::string_view set, std::vector<int32_t>& out) co
     const UvChannel* channel = findUvChannel(set);
     if (!channel)
         return Status::UnknownUvSet;
-    out = toFaceOrder(faces_, channel->pooledIds);
+    out = toFaceOrder(faces_.read(), channel->pooledIds);
     return Status::Success;
 }
 
@@ -167,7 +170,7 @@ std::span<const int32_t> Mesh::faceUvIds(std::string_view set, int32_t face) con
     if (!channel || face < 0 || face >= faceCount())
         return {};
     return std::span<const int32_t>(channel->pooledIds)
-        .subspan(faces_.poolStart(face), faces_.faceVertices(face).size());
+        .subspan(faces_.read().poolStart(face), faces_.read().faceVertices(face).size());
 }
 
 Status Mesh::assignUvIds(std::string_view set, std::span<const int32_t> faceVertexUvIds) {
@@ -180,7 +183,7 @@ Status Mesh::assignUvIds(std::string_view set, std::span<const int32_t> faceVert
     if (anyInvalid(faceVertexUvIds,
                    [uvCount](int32_t id) { return id == UvSet::kNoUv || (id >= 0 && id < uvCount); }))
         return Status::InvalidIndex;
-    fromFaceOrder(faces_, faceVertexUvIds, channel->pooledIds);
+    fromFaceOrder(faces_.read(), faceVertexUvIds, channel->pooledIds);
     return Status::Success;
 }
 

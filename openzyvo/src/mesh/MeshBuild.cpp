@@ -51,14 +51,15 @@ Status Mesh::create(std::vector<Point3>&& points, std::span<const int32_t> faceC
         s != Status::Success)
         return s;
 
-    points_ = std::move(points);
-    faces_ = FaceLoops::singleLoopFaces(faceCounts, faceConnects);
+    points_ = Shared(std::move(points));
+    faces_ = Shared(FaceLoops::singleLoopFaces(faceCounts, faceConnects));
     normalsSet_ = false;
-    normals_.clear();
+    normals_ = Shared<std::vector<Vector3>>();
     clearVertexColors();
-    uvSets_.assign(1, UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}});
-    uvSets_.front().pooledIds.reserve(withRoomForHoles(faceConnects.size()));
-    uvSets_.front().pooledIds.assign(faceConnects.size(), UvSet::kNoUv);
+    std::vector<int32_t> noUvs;
+    noUvs.reserve(withRoomForHoles(faceConnects.size()));
+    noUvs.assign(faceConnects.size(), UvSet::kNoUv);
+    uvSets_.assign(1, Shared(UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, std::move(noUvs)}));
     merge_.index.reset();
     topologyChanged();
     return Status::Success;
@@ -90,12 +91,12 @@ Status Mesh::resolveVertices(std::span<const Point3> points, std::span<const int
 
     if (!merge_.index || merge_.index->tolerance() != tolerance)
         merge_.index = std::make_unique<VertexMergeIndex>(tolerance);
-    merge_.index->extend(points_);
+    merge_.index->extend(points_.read());
     VertexMergeIndex fresh(tolerance);
     added.clear();
     ids.clear();
     for (const Point3& p : points) {
-        int32_t id = merge_.index->find(p, points_);
+        int32_t id = merge_.index->find(p, points_.read());
         if (id < 0) {
             const int32_t earlier = fresh.find(p, added);
             if (earlier >= 0) {
@@ -126,18 +127,20 @@ Status Mesh::resolveVertices(std::span<const Point3> points, std::span<const int
 }
 
 void Mesh::appendPoints(std::span<const Point3> added) {
-    points_.insert(points_.end(), added.begin(), added.end());
+    std::vector<Point3>& points = points_.write();
+    points.insert(points.end(), added.begin(), added.end());
     if (hasVertexColors()) {
-        colors_.resize(points_.size());
-        colorSet_.resize(points_.size(), 0);
+        VertexColors& colors = colors_.write();
+        colors.colors.resize(points.size());
+        colors.set.resize(points.size(), 0);
     }
 }
 
 void Mesh::followFacePool(const PoolEdit& edit, int32_t face) {
     if (normalsSet_)
-        edit.applyTo(normals_, oz::mesh::faceNormal(faces_, points_, face));
-    for (UvChannel& channel : uvSets_)
-        edit.applyTo(channel.pooledIds, UvSet::kNoUv);
+        edit.applyTo(normals_.write(), oz::mesh::faceNormal(faces_.read(), points_.read(), face));
+    for (Shared<UvChannel>& channel : uvSets_)
+        edit.applyTo(channel.write().pooledIds, UvSet::kNoUv);
 }
 
 Status Mesh::addPolygon(std::span<const Point3> points, std::span<const int32_t> loopCounts,
@@ -150,7 +153,7 @@ Status Mesh::addPolygon(std::span<const Point3> points, std::span<const int32_t>
         return s;
 
     appendPoints(added);
-    const PoolEdit edit = faces_.appendFace(counts, ids);
+    const PoolEdit edit = faces_.write().appendFace(counts, ids);
     faceIndex = faceCount() - 1;
     followFacePool(edit, faceIndex);
     topologyChanged();
@@ -167,9 +170,9 @@ Status Mesh::addHoles(int32_t face, std::span<const Point3> points, std::span<co
         return s;
 
     appendPoints(added);
-    followFacePool(faces_.appendLoops(face, counts, ids), face);
-    if (faces_.wasteful())
-        followFacePool(faces_.compact(), face);
+    followFacePool(faces_.write().appendLoops(face, counts, ids), face);
+    if (faces_.read().wasteful())
+        followFacePool(faces_.write().compact(), face);
     topologyChanged();
     return Status::Success;
 }
@@ -177,8 +180,8 @@ Status Mesh::addHoles(int32_t face, std::span<const Point3> points, std::span<co
 HoleList Mesh::holes() const {
     HoleList list;
     for (int32_t f = 0; f < faceCount(); ++f) {
-        for (int32_t h = 1; h < faces_.faceLoopCount(f); ++h) {
-            const auto loop = faces_.loop(f, h);
+        for (int32_t h = 1; h < faces_.read().faceLoopCount(f); ++h) {
+            const auto loop = faces_.read().loop(f, h);
             list.info.insert(list.info.end(), {f, static_cast<int32_t>(loop.size()),
                                                static_cast<int32_t>(list.vertices.size())});
             list.vertices.insert(list.vertices.end(), loop.begin(), loop.end());

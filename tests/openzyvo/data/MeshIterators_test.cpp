@@ -194,6 +194,40 @@ TEST(ItGeometry, AllPositionsAtOnceAndOneByOne) {
     EXPECT_EQ(moved[0], ZPoint(10, 0, 1));
 }
 
+// Enough points for the conversions to run in several blocks at once.
+TEST(ItGeometry, AllPositionsOfALargeMeshKeepTheirOrderAndTheCallersArray) {
+    constexpr int kTriangles = 30000;
+    ZPointArray corners;
+    ZIntArray counts;
+    ZIntArray connects;
+    for (int t = 0; t < kTriangles; ++t) {
+        for (int c = 0; c < 3; ++c) {
+            connects.append(3 * t + c);
+            corners.append(ZPoint(t, c, 0.5 * t));
+        }
+        counts.append(3);
+    }
+    const ZObject data = ZFnMeshData().create();
+    ASSERT_FALSE(ZFnMesh().create(3 * kTriangles, kTriangles, corners, counts, connects, data).isNull());
+
+    ZItGeometry it(data);
+    ZPointArray points(7, ZPoint(-1, -1, -1));
+    ASSERT_TRUE(it.allPositions(points));
+    ASSERT_EQ(points.length(), corners.length());
+    for (unsigned int i = 0; i < points.length(); ++i)
+        ASSERT_EQ(points[i], corners[i]) << i;
+
+    for (ZPoint& p : points)
+        p.y += 100.0;
+    ASSERT_TRUE(it.setAllPositions(points));
+    // The same array again, of the right size already: every point is written anew.
+    for (ZPoint& p : points)
+        p = ZPoint(-5, -5, -5);
+    ASSERT_TRUE(it.allPositions(points));
+    for (unsigned int i = 0; i < points.length(); ++i)
+        ASSERT_EQ(points[i], corners[i] + ZVector(0, 100, 0)) << i;
+}
+
 TEST(MeshIterators, RefuseObjectsThatAreNotMeshes) {
     ZStatus status;
     ZItMeshVertex vertices(ZObject(), &status);

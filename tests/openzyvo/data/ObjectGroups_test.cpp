@@ -3,7 +3,9 @@
 
 #include <OpenZyvo/ZFnGeometryData.h>
 #include <OpenZyvo/ZFnSingleIndexedComponent.h>
+#include <functional>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -125,5 +127,43 @@ TEST(ObjectGroups, CopiesOfMeshDataKeepIndependentGroups) {
         ZFnMesh(copy).getPoint(0, p);
         EXPECT_EQ(p, ZPoint(0, 0, 0));
         EXPECT_EQ(ZFnMesh(copy).numPolygons(), 6);
+    }
+}
+
+TEST(ObjectGroups, EditsOfACloneNeverReachTheOriginal) {
+    const ZObject original = fixtures::cube();
+    ZFnMeshData(original).addObjectGroup(1);
+    ZFnMeshData(original).setObjectGroupComponent(1, component(ZFn::kMeshVertComponent, ZIntArray{0, 1, 2}));
+    ZFnMeshData(original).addObjectGroup(2);
+
+    const auto clone = [&] {
+        return oz::ObjectAccess::wrap(oz::ObjectAccess::as<oz::Data>(original)->clone());
+    };
+    const std::vector<std::function<ZStatus(const ZObject&)>> edits = {
+        [](const ZObject& c) {
+            return ZFnMeshData(c).addObjectGroupComponent(1,
+                                                          component(ZFn::kMeshVertComponent, ZIntArray{7}));
+        },
+        [](const ZObject& c) {
+            return ZFnMeshData(c).removeObjectGroupComponent(
+                1, component(ZFn::kMeshVertComponent, ZIntArray{0}));
+        },
+        [](const ZObject& c) {
+            return ZFnMeshData(c).setObjectGroupComponent(2,
+                                                          component(ZFn::kMeshVertComponent, ZIntArray{4}));
+        },
+        [](const ZObject& c) { return ZFnMeshData(c).removeObjectGroup(1); },
+        [](const ZObject& c) { return ZFnMeshData(c).addObjectGroup(3); },
+        [](const ZObject& c) { return ZFnMesh(c).setPoint(0, ZPoint(-1, -1, -1)); },
+    };
+    for (const auto& edit : edits) {
+        ASSERT_TRUE(edit(clone()));
+        ZFnMeshData groups(original);
+        EXPECT_EQ(groups.objectGroupCount(), 2u);
+        EXPECT_EQ(members(groups.objectGroupComponent(1)), (ZIntArray{0, 1, 2}));
+        EXPECT_TRUE(groups.objectGroupComponent(2).isNull());
+        ZPoint p;
+        ZFnMesh(original).getPoint(0, p);
+        EXPECT_EQ(p, ZPoint(0, 0, 0));
     }
 }

@@ -122,6 +122,55 @@ TEST(ElementMotion, MovesOnlyItsVerticesAndKeepsInputWhereTheResultIsNaN) {
     expectNear(points[2], {1, 2, 3});
 }
 
+TEST(ElementMotion, WritesFromTheInputIntoAnotherArrayAndCopiesWhatStays) {
+    type::ElementMotion moving;
+    moving.translation = {1, 0, 0};
+    const type::ElementMotion resting;
+    const std::vector<Point3> in = {{0, 0, 0}, {5, 5, 5}, {1, 2, 3}};
+    std::vector<Point3> out = {{9, 9, 9}, {9, 9, 9}, {9, 9, 9}};
+    const std::vector<int> first = {0, 2};
+    const std::vector<int> second = {1};
+    for (int frame = 0; frame < 2; ++frame) {
+        // The input stays as it is, so every frame moves from the same place.
+        type::moveElement(moving, std::span<const int>(first), std::span<const Point3>(in),
+                          std::span<Point3>(out));
+        type::moveElement(resting, std::span<const int>(second), std::span<const Point3>(in),
+                          std::span<Point3>(out));
+    }
+    expectNear(out[0], {1, 0, 0});
+    expectNear(out[1], {5, 5, 5});
+    expectNear(out[2], {2, 2, 3});
+    expectNear(in[0], {0, 0, 0});
+}
+
+TEST(ElementMotion, OneMapAgreesWithScalingThenTurningEachAboutItsPivot) {
+    type::ElementMotion motion;
+    motion.translation = {0.5, -2, 3};
+    motion.scale = {1.5, 0.25, -2};
+    motion.rotationDegrees = {31, -47, 112};
+    motion.scalePivot = {1, 2, -1};
+    motion.rotationPivot = {-3, 0.5, 2};
+    const type::PivotTransform scaling(motion.scalePivot, {}, motion.scale);
+    const type::PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1, 1, 1});
+    const type::ElementMap map(motion);
+    for (const Point3& p : {Point3{0, 0, 0}, Point3{1, 2, 3}, Point3{-40, 0.5, 7}}) {
+        const Point3 stepwise = turning.apply(scaling.apply(
+            {p.x + motion.translation.x, p.y + motion.translation.y, p.z + motion.translation.z}));
+        const Point3 once = map.apply(p.x, p.y, p.z);
+        EXPECT_NEAR(once.x, stepwise.x, 1e-12);
+        EXPECT_NEAR(once.y, stepwise.y, 1e-12);
+        EXPECT_NEAR(once.z, stepwise.z, 1e-12);
+    }
+
+    // A translation alone is exact.
+    type::ElementMotion shift;
+    shift.translation = {0.1, 0.2, 0.3};
+    const Point3 moved = type::ElementMap(shift).apply(0.7, 0.1, 0.2);
+    EXPECT_EQ(moved.x, 0.7 + 0.1);
+    EXPECT_EQ(moved.y, 0.1 + 0.2);
+    EXPECT_EQ(moved.z, 0.2 + 0.3);
+}
+
 TEST(ElementMotion, ScaleAndTurnAboutTheMovedPivots) {
     type::ElementMotion motion;
     motion.translation = {10, 0, 0};

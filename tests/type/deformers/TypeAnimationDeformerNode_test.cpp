@@ -1,9 +1,14 @@
 #include "../GoldenTable.h"
 #include "DeformerNodeTesting.h"
 
+#include <OpenZyvo/ZFnArrayAttrsData.h>
 #include <OpenZyvo/ZFnAttribute.h>
 #include <OpenZyvo/ZFnDependencyNode.h>
+#include <OpenZyvo/ZVectorArray.h>
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <string>
 
 namespace typetest {
 namespace {
@@ -65,6 +70,84 @@ TEST_F(ShellDeformerNode, HasItsAttributesInOrder) {
     for (const GoldenRow& row : readGoldenTable("shelldeformer_attributes.tsv", 1))
         expected.push_back(row[0]);
     EXPECT_EQ(created, expected);
+}
+
+TEST_F(ShellDeformerNode, TimingSwitchPrintsTheSetupAndElementTimesOfEveryFrame) {
+    ::setenv("TYPE_DEFORMER_TIMING", "1", 1);
+    wire("shellDeformer", "shellDeformer2");
+    ::unsetenv("TYPE_DEFORMER_TIMING");
+    ASSERT_TRUE(run("setAttr shellDeformer2.enableAnimation 1"));
+    ASSERT_TRUE(run("setAttr shellDeformer2.animationPositionX 2"));
+
+    testing::internal::CaptureStdout();
+    deformed("shellDeformer2");
+    deformed("shellDeformer1");
+    const std::string printed = testing::internal::GetCapturedStdout();
+    EXPECT_THAT(printed, testing::MatchesRegex("--------------------------\n"
+                                               "Setup:\t\t[0-9.e+-]+ ms\n"
+                                               "Thread:\t\t[0-9.e+-]+ ms\n"))
+        << "once, for the node created with the switch on";
+}
+
+// A point stream from another node: positions, rotations in degrees, scales, and offsets that
+// count only on the evaluation the stream itself triggered.
+TEST_F(ShellDeformerNode, PointStreamFromAnotherNodeMovesTheCharacters) {
+    const std::string source = text("createNode transform");
+    ASSERT_TRUE(run("addAttr -ln points -dt arrayAttrs " + source));
+    ZFnArrayAttrsData stream;
+    const ZObject data = stream.create();
+    stream.vectorArray("position") = ZVectorArray(std::vector<ZVector>{{1, 0, 0}, {0, 2, 0}, {0, 0, 0}});
+    stream.vectorArray("rotation") = ZVectorArray(std::vector<ZVector>{{0, 0, 0}, {0, 0, 0}, {0, 0, 180}});
+    // Added to the scale channels, which stand at 1.
+    stream.vectorArray("scale") = ZVectorArray(std::vector<ZVector>{{0, 0, 0}, {0, 0, 0}, {0, 0, 0}});
+    stream.vectorArray("typeOffsets") = ZVectorArray(std::vector<ZVector>{{0.5, 0, 0}, {0, 0, 0}, {0, 0, 0}});
+    ASSERT_TRUE(plugNamed(source, "points").setValue(data));
+    ASSERT_TRUE(run("connectAttr " + source + ".points shellDeformer1.inputPoints"));
+    // Words without a word list: no group samples the channels, whose values would replace the
+    // stream's rotations and scales.
+    ASSERT_TRUE(run("disconnectAttr type1.grouping shellDeformer1.grouping"));
+    ASSERT_TRUE(run("setAttr shellDeformer1.animationMode 2"));
+    ASSERT_TRUE(run("currentTime 0"));
+
+    const std::vector<ZPoint> before = points();
+    const auto shifts = [&](const std::vector<ZPoint>& after, int character) {
+        const auto v = static_cast<std::size_t>(characters()[static_cast<std::size_t>(character)][0]);
+        return ZVector(after[v].x - before[v].x, after[v].y - before[v].y, after[v].z - before[v].z);
+    };
+    const std::vector<ZPoint> triggered = deformed("shellDeformer1");
+    EXPECT_TRUE(shifts(triggered, 0).isEquivalent(ZVector(0.5, 0, 0), 1e-9)) << "offset by typeOffsets";
+    EXPECT_TRUE(shifts(triggered, 1).isEquivalent(ZVector(0, 2, 0), 1e-9));
+
+    // Half a turn about z mirrors the character in x, whatever its pivot: taken as radians it would
+    // not.
+    const std::vector<int> turned = characters()[2];
+    const auto a = static_cast<std::size_t>(turned.front());
+    const auto b = static_cast<std::size_t>(turned.back());
+    ASSERT_GT(std::abs(before[a].x - before[b].x), 0.1);
+    EXPECT_NEAR(triggered[a].x - triggered[b].x, before[b].x - before[a].x, 1e-9);
+
+    // Evaluated again for another reason, the offsets no longer count.
+    ASSERT_TRUE(run("setAttr shellDeformer1.xPivotLocation 0.25"));
+    EXPECT_TRUE(shifts(deformed("shellDeformer1"), 0).isEquivalent(ZVector(1, 0, 0), 1e-9));
+}
+
+// Frames reuse what the frame before wrote where an element moves as it did then; what a frame
+// shows must not depend on the frames before it.
+TEST_F(ShellDeformerNode, AFrameShowsTheSameWhicheverFramesCameBefore) {
+    const auto at = [](double frame) {
+        EXPECT_TRUE(run("currentTime " + std::to_string(frame)));
+        return deformed("shellDeformer1");
+    };
+    at(0.0);
+    const std::vector<ZPoint> fresh = at(16.0);
+    // At 15 the first two characters already stand where they stay at 16.
+    for (const double frame : {15.0, 5.0, 15.0, 0.0, 15.0}) {
+        at(frame);
+        const std::vector<ZPoint> again = at(16.0);
+        ASSERT_EQ(again.size(), fresh.size());
+        for (std::size_t i = 0; i < fresh.size(); ++i)
+            ASSERT_TRUE(again[i] == fresh[i]) << "after frame " << frame << ", vertex " << i;
+    }
 }
 
 TEST_F(ShellDeformerNode, DisabledAnimationPassesTheSolidThrough) {

@@ -55,6 +55,34 @@ TEST_F(VectorAdjustNode, NothingStoredPassesTheSolidThroughAndDescribesEachChara
     }
 }
 
+// Each frame starts from the input again: an adjustment taken back, or a character that no line
+// holds any more, leaves nothing of an earlier frame behind.
+TEST_F(VectorAdjustNode, AdjustmentsTakenBackLeaveTheSolidAsItCame) {
+    const std::vector<ZPoint> before = points();
+    const auto expectUnmoved = [&] {
+        const std::vector<ZPoint> after = deformed("vectorAdjust1");
+        ASSERT_EQ(before.size(), after.size());
+        for (std::size_t i = 0; i < before.size(); ++i)
+            ASSERT_TRUE(before[i] == after[i]) << i;
+    };
+    setVectors("manipulatorPositionsPP", {{1, 0, 0}, {0, 2, 0}, {0, 0, 3}});
+    setVectors("manipulatorScalesPP", {{0.5, 0.5, 0.5}, {0, 0, 0}, {0, 0, 0}});
+    ASSERT_FALSE(deformed("vectorAdjust1") == before);
+    setVectors("manipulatorPositionsPP", {{0, 0, 0}, {0, 0, 0}, {0, 0, 0}});
+    setVectors("manipulatorScalesPP", {{0, 0, 0}, {0, 0, 0}, {0, 0, 0}});
+    expectUnmoved();
+
+    setVectors("manipulatorPositionsPP", {{1, 0, 0}, {1, 0, 0}, {1, 0, 0}});
+    ASSERT_FALSE(deformed("vectorAdjust1") == before);
+    // One line of one character: the other two are no line's any more.
+    ASSERT_TRUE(run("disconnectAttr type1.grouping vectorAdjust1.grouping"));
+    const ZObject one = ZFnDoubleArrayData().create(ZDoubleArray(std::vector<double>{1.0}));
+    for (const char* grouping : {"solidsPerCharacter", "solidsPerWord", "solidsPerLine"})
+        ASSERT_TRUE(plugNamed("vectorAdjust1", grouping).setValue(one));
+    setVectors("manipulatorPositionsPP", {{0, 0, 0}});
+    expectUnmoved();
+}
+
 TEST_F(VectorAdjustNode, MovingTheFirstWordMovesTheLaterWordsAlong) {
     const std::vector<double> before = lefts();
     setVectors("manipulatorWordPositionsPP", {{2, 0, 0}, {0, 0, 0}});
