@@ -45,14 +45,18 @@ bool triangulateQuad(std::span<const int32_t> loop, std::span<const Point3> poin
     return true;
 }
 
-struct FaceRun {
-    int32_t face;
-    int32_t begin;
+// Faces are cut in blocks of consecutive faces, and a block's triangles stay together in its
+// worker's output: laying them out in face order then takes one copy per block, not per face.
+constexpr int32_t kBlockFaces = 256;
+
+struct BlockRun {
+    int32_t firstFace;
+    int32_t begin; // in the worker's triangles
     int32_t count;
 };
 
 // What one thread produces: its cutters and memo, reused across faces, and the triangles of the
-// faces it handled, to be scattered into face order afterwards.
+// blocks it handled, to be gathered into face order afterwards.
 struct Worker {
     GluTessellator tessellator;
     EarClipper clipper;
@@ -60,7 +64,7 @@ struct Worker {
     PlanarFace planar;
     std::vector<Triangle> local;
     std::vector<Triangle> triangles;
-    std::vector<FaceRun> runs;
+    std::vector<BlockRun> runs;
     TriangulationCounts counts;
 
     void reserve(const FaceLoops& faces);
@@ -81,7 +85,7 @@ void Worker::reserve(const FaceLoops& faces) {
                          2 * static_cast<size_t>(faces.loopCount() - faces.faceCount());
     triangles.reserve(share(bound));
     memo.reserve(share(bound));
-    runs.reserve(share(static_cast<size_t>(faces.faceCount())));
+    runs.reserve(share(static_cast<size_t>(faces.faceCount() / kBlockFaces + 1)));
 }
 
 bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
@@ -134,37 +138,46 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
 
 Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points) {
     const int32_t faceCount = faces.faceCount();
-    tbb::enumerable_thread_specific<Worker> workers;
-    tbb::parallel_for(tbb::blocked_range<int32_t>(0, faceCount, 64),
-                      [&](const tbb::blocked_range<int32_t>& range) {
-                          bool fresh = false;
-                          Worker& w = workers.local(fresh);
-                          if (fresh)
-                              w.reserve(faces);
-                          for (int32_t f = range.begin(); f != range.end(); ++f) {
-                              const auto begin = static_cast<int32_t>(w.triangles.size());
-                              w.cut(faces, points, f);
-                              w.runs.push_back({f, begin, static_cast<int32_t>(w.triangles.size()) - begin});
-                          }
-                      });
-
     Triangulation result;
+    // Each face's triangle count lands at its own entry, then the counts become starts.
     result.faceTriangleStart.assign(static_cast<size_t>(faceCount) + 1, 0);
+    tbb::enumerable_thread_specific<Worker> workers;
+    const int32_t blocks = (faceCount + kBlockFaces - 1) / kBlockFaces;
+    tbb::parallel_for(
+        tbb::blocked_range<int32_t>(0, blocks, 1), [&](const tbb::blocked_range<int32_t>& range) {
+            bool fresh = false;
+            Worker& w = workers.local(fresh);
+            if (fresh)
+                w.reserve(faces);
+            for (int32_t block = range.begin(); block != range.end(); ++block) {
+                const int32_t first = block * kBlockFaces;
+                const int32_t end = std::min(faceCount, first + kBlockFaces);
+                const auto begin = static_cast<int32_t>(w.triangles.size());
+                for (int32_t f = first; f != end; ++f) {
+                    const size_t before = w.triangles.size();
+                    w.cut(faces, points, f);
+                    result.faceTriangleStart[static_cast<size_t>(f) + 1] =
+                        static_cast<int32_t>(w.triangles.size() - before);
+                }
+                w.runs.push_back({first, begin, static_cast<int32_t>(w.triangles.size()) - begin});
+            }
+        });
+
+    std::vector<std::pair<const Worker*, BlockRun>> runs;
+    runs.reserve(static_cast<size_t>(blocks));
     for (const Worker& w : workers) {
-        for (const FaceRun& run : w.runs)
-            result.faceTriangleStart[run.face + 1] = run.count;
         result.counts += w.counts;
+        for (const BlockRun& run : w.runs)
+            runs.emplace_back(&w, run);
     }
     std::partial_sum(result.faceTriangleStart.begin(), result.faceTriangleStart.end(),
                      result.faceTriangleStart.begin());
     result.triangles.resize(static_cast<size_t>(result.faceTriangleStart.back()));
-    for (const Worker& w : workers) {
-        tbb::parallel_for(size_t{0}, w.runs.size(), [&](size_t i) {
-            const FaceRun& run = w.runs[i];
-            std::copy_n(w.triangles.begin() + run.begin, run.count,
-                        result.triangles.begin() + result.faceTriangleStart[run.face]);
-        });
-    }
+    tbb::parallel_for(size_t{0}, runs.size(), [&](size_t i) {
+        const auto& [w, run] = runs[i];
+        std::copy_n(w->triangles.begin() + run.begin, run.count,
+                    result.triangles.begin() + result.faceTriangleStart[static_cast<size_t>(run.firstFace)]);
+    });
     return result;
 }
 
