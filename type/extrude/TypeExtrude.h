@@ -2,7 +2,7 @@
 
 #include "extrude/FaceShapes.h"
 #include "extrude/SolidAssembly.h"
-#include "offset/DistanceFieldOffset.h"
+#include "offset/DistanceFieldCache.h"
 #include "offset/Mitres.h"
 
 #include <OpenZyvo/ZColor.h>
@@ -95,8 +95,10 @@ private:
     // The faces grouped by shape; directions and fields are per shape.
     FaceShapes m_shapes;
     std::vector<std::vector<Mitre>> m_mitres;
-    // Built in the "Distance Field" mode only, with the grid size of then.
-    std::vector<DistanceFieldOffset> m_fields;
+    // Built in the "Distance Field" mode only, with the grid size of then; the cache outlives an
+    // input change, so that a text change builds fields only for the letters it brings.
+    std::vector<DistanceFieldCache::Field> m_fields;
+    DistanceFieldCache m_fieldCache;
     // The topology of the mesh on "outputMesh".
     SolidTopology m_topology;
     // The solid's points, kept so that each evaluation writes into memory it had.

@@ -125,12 +125,12 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
         std::vector<const FaceOutline*> outlines;
         for (const int face : shapeFaces)
             outlines.push_back(&m_faces[static_cast<std::size_t>(face)].outline);
-        m_fields = distanceFields(outlines, m_mitres, settings.gridSize);
+        m_fields = m_fieldCache.fields(outlines, m_mitres, settings.gridSize);
     }
     solidPoints(
         m_faces, m_shapes, profile,
         [&](std::size_t shape, double offset, std::vector<Point2>& out) {
-            const DistanceFieldOffset* field = shape < m_fields.size() ? &m_fields[shape] : nullptr;
+            const DistanceFieldOffset* field = shape < m_fields.size() ? m_fields[shape].get() : nullptr;
             offsetRing({m_faces[static_cast<std::size_t>(shapeFaces[shape])].outline, m_mitres[shape], field},
                        settings.mode, settings.bevelStyle, offset, out);
         },

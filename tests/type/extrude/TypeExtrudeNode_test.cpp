@@ -287,5 +287,28 @@ TEST_F(TypeExtrudeNode, TheDistanceFieldModeMovesInwardBevelPointsOfTheSameMesh)
     EXPECT_EQ(points(), normals);
 }
 
+// Distance fields are kept across text changes by outline: a text changed in the middle must
+// build exactly what a fresh node builds for the new text, in the letters it moved as well as in
+// those it left in place.
+TEST_F(TypeExtrudeNode, ATextChangeInTheDistanceFieldModeBuildsWhatAFreshNodeBuilds) {
+    const auto inDistanceFieldMode = [&](const std::string& node) {
+        ASSERT_TRUE(run("setAttr " + node + ".mode 0"));
+        ASSERT_TRUE(run("setAttr " + node + ".enableOuterBevel 1"));
+        ASSERT_TRUE(run("setAttr " + node + ".bevelDistance 0.05"));
+    };
+    inDistanceFieldMode("typeExtrude1");
+    ASSERT_TRUE(run("setAttr -type \"string\" type1.textInput \"6F 6F 6F\""));
+    ASSERT_GT(vertexCount(), 0);
+    ASSERT_TRUE(run("setAttr -type \"string\" type1.textInput \"6F 57 6F\""));
+    const std::vector<ZPoint> changed = points();
+
+    ASSERT_EQ(text("createNode typeExtrude"), "typeExtrude2");
+    ASSERT_TRUE(run("connectAttr type1.outputMesh typeExtrude2.inputMesh"));
+    inDistanceFieldMode("typeExtrude2");
+    ZPointArray fresh;
+    ZFnMesh(meshData("typeExtrude2")).getPoints(fresh);
+    EXPECT_EQ(changed, fresh.asVector());
+}
+
 } // namespace
 } // namespace typetest
