@@ -149,8 +149,6 @@ void VertexMergeIndex::extend(std::span<const Point3> points) {
 int32_t VertexMergeIndex::find(Point3 p, std::span<const Point3> points) const {
     if (!isFinite(p))
         return -1;
-    const Cell own = cellOf(p);
-    const Reach reach = reachOf(p);
     int32_t best = -1;
     double bestDistance = tolerance_ * tolerance_;
     const auto consider = [&](int32_t id) {
@@ -165,6 +163,8 @@ int32_t VertexMergeIndex::find(Point3 p, std::span<const Point3> points) const {
         tiles_->forEachNear(p, tolerance_, consider);
     if (indexedCount_ == tiledCount_)
         return best;
+    const Cell own = cellOf(p);
+    const Reach reach = reachOf(p);
     for (int i = 0; i < (reach.crosses[0] ? 2 : 1); ++i) {
         const int64_t x = i == 0 ? own.x : reach.near.x;
         for (int j = 0; j < (reach.crosses[1] ? 2 : 1); ++j) {
