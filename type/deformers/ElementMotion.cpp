@@ -149,31 +149,10 @@ bool ElementMotion::sameAs(const ElementMotion& other) const {
            same(scalePivot, other.scalePivot);
 }
 
-ElementMap::ElementMap(const ElementMotion& motion) {
-    // Scaled about its pivot after the translation, then turned about the other:
-    // p x Ms x Mr + (T - sp) x Ms x Mr + (sp - rp) x Mr + rp.
-    const PivotTransform scaling(motion.scalePivot, {}, motion.scale);
-    const PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1.0, 1.0, 1.0});
-    m_translationOnly = scaling.identity() && turning.identity();
-    if (m_translationOnly) {
-        m_offset = motion.translation;
-        return;
-    }
-    for (int r = 0; r < 3; ++r)
-        for (int c = 0; c < 3; ++c)
-            m_m[r][c] = scaling.matrix(r, 0) * turning.matrix(0, c) +
-                        scaling.matrix(r, 1) * turning.matrix(1, c) +
-                        scaling.matrix(r, 2) * turning.matrix(2, c);
-    const Point3& sp = scaling.pivot();
-    const Point3& rp = turning.pivot();
-    const Point3 lead{motion.translation.x - sp.x, motion.translation.y - sp.y, motion.translation.z - sp.z};
-    const Point3 between{sp.x - rp.x, sp.y - rp.y, sp.z - rp.z};
-    double offset[3];
-    for (int c = 0; c < 3; ++c)
-        offset[c] = lead.x * m_m[0][c] + lead.y * m_m[1][c] + lead.z * m_m[2][c] +
-                    between.x * turning.matrix(0, c) + between.y * turning.matrix(1, c) +
-                    between.z * turning.matrix(2, c);
-    m_offset = {offset[0] + rp.x, offset[1] + rp.y, offset[2] + rp.z};
+AffineMap motionMap(const ElementMotion& motion) {
+    return AffineMap::translation(motion.translation)
+        .then(AffineMap::of(PivotTransform(motion.scalePivot, {}, motion.scale)))
+        .then(AffineMap::of(PivotTransform(motion.rotationPivot, motion.rotationDegrees, {1.0, 1.0, 1.0})));
 }
 
 ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "deformers/AffineMap.h"
 #include "deformers/ElementDiscovery.h"
 #include "deformers/PivotTransform.h"
 
@@ -77,26 +78,9 @@ struct ElementMotion {
 
 ElementMotion elementMotion(const AnimationFrame& frame, const Elements& elements, int element);
 
-// An element's whole motion as one affine map, p x M + c, worked out once per
-// element so that each vertex costs a single matrix product. A motion without
-// scale or turn keeps its exact translation.
-class ElementMap {
-public:
-    explicit ElementMap(const ElementMotion& motion);
-
-    Point3 apply(double x, double y, double z) const {
-        if (m_translationOnly)
-            return {x + m_offset.x, y + m_offset.y, z + m_offset.z};
-        return {x * m_m[0][0] + y * m_m[1][0] + z * m_m[2][0] + m_offset.x,
-                x * m_m[0][1] + y * m_m[1][1] + z * m_m[2][1] + m_offset.y,
-                x * m_m[0][2] + y * m_m[1][2] + z * m_m[2][2] + m_offset.z};
-    }
-
-private:
-    double m_m[3][3];
-    Point3 m_offset;
-    bool m_translationOnly = false;
-};
+// The whole motion of an element: translated, then scaled about one pivot,
+// then turned about the other.
+AffineMap motionMap(const ElementMotion& motion);
 
 // The motions of every element, with the grouping sums built once for all.
 std::vector<ElementMotion> elementMotions(const AnimationFrame& frame, const Elements& elements);
@@ -116,7 +100,7 @@ void moveElement(const ElementMotion& motion, std::span<const int> vertices, std
                 out[static_cast<std::size_t>(v)] = in[static_cast<std::size_t>(v)];
         return;
     }
-    const ElementMap map(motion);
+    const AffineMap map = motionMap(motion);
     for (int v : vertices) {
         if (v < 0 || static_cast<std::size_t>(v) >= count)
             continue;

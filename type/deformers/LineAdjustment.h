@@ -1,5 +1,6 @@
 #pragma once
 
+#include "deformers/AffineMap.h"
 #include "deformers/ElementDiscovery.h"
 #include "deformers/PivotTransform.h"
 
@@ -43,6 +44,14 @@ struct CharacterLayout {
         return !word.identity() || !line.identity() || !own.identity() || translation.x != 0.0 ||
                translation.y != 0.0 || translation.z != 0.0 || alignmentShift != 0.0;
     }
+
+    // All of it as one map.
+    AffineMap map() const {
+        return AffineMap::of(word)
+            .then(AffineMap::of(line))
+            .then(AffineMap::of(own))
+            .then(AffineMap::translation({translation.x - alignmentShift, translation.y, translation.z}));
+    }
 };
 
 // The characters of line `line`, in text order, that have an element.
@@ -56,15 +65,14 @@ template <class Point>
 Box3 adjustCharacter(const CharacterLayout& layout, std::span<const int> vertices, std::span<const Point> in,
                      std::span<Point> out) {
     const std::size_t count = std::min(in.size(), out.size());
+    const AffineMap map = layout.map();
     Box3 box;
     for (int v : vertices) {
         if (v < 0 || static_cast<std::size_t>(v) >= count)
             break;
         const Point& from = in[static_cast<std::size_t>(v)];
         Point& to = out[static_cast<std::size_t>(v)];
-        Point3 moved = layout.own.apply(layout.line.apply(layout.word.apply({from.x, from.y, from.z})));
-        moved = {moved.x + layout.translation.x - layout.alignmentShift, moved.y + layout.translation.y,
-                 moved.z + layout.translation.z};
+        const Point3 moved = map.apply(from.x, from.y, from.z);
         to = from;
         if (!std::isnan(moved.x))
             to.x = moved.x;

@@ -1,5 +1,6 @@
 #include "deformers/TypeAnimationDeformer.h"
 
+#include "deformers/ChannelSampler.h"
 #include "deformers/ElementCache.h"
 #include "deformers/ElementDelays.h"
 #include "deformers/ElementMotion.h"
@@ -333,14 +334,22 @@ ZStatus TypeAnimationDeformer::sampleChannels(ZDataBlock& block, AnimationFrame&
         ZPlug(self, animationPositionX), ZPlug(self, animationPositionY), ZPlug(self, animationPositionZ),
         ZPlug(self, animationRotationX), ZPlug(self, animationRotationY), ZPlug(self, animationRotationZ),
         ZPlug(self, animationScaleX),    ZPlug(self, animationScaleY),    ZPlug(self, animationScaleZ)};
-    // Read on this thread, before the element tasks: contexts are per thread.
-    for (const double at : groupTimes(groupCount(frame), delays)) {
-        const ZDGContextGuard guard(ZDGContext(ZTime(at, now.unit())));
-        for (int channel = 0; channel < kChannelCount; ++channel) {
-            const double sample = channels[channel].asDouble(&status);
+    const std::vector<double> times = groupTimes(groupCount(frame), delays);
+    for (int channel = 0; channel < kChannelCount; ++channel) {
+        const ChannelSampler sampler(channels[channel]);
+        std::vector<double>& samples = frame.sampled[static_cast<std::size_t>(channel)];
+        samples.resize(times.size());
+        for (std::size_t group = 0; group < times.size(); ++group) {
+            const ZTime at(times[group], now.unit());
+            if (!sampler.needsContext()) {
+                status = sampler.valueAt(at, samples[group]);
+            } else {
+                // Read on this thread, before the element tasks: contexts are per thread.
+                const ZDGContextGuard guard{ZDGContext(at)};
+                samples[group] = channels[channel].asDouble(&status);
+            }
             if (!status)
                 return reportApiError(status, kUnit);
-            frame.sampled[static_cast<std::size_t>(channel)].push_back(sample);
         }
     }
     return ZStatus::kSuccess;

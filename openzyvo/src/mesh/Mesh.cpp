@@ -3,7 +3,6 @@
 #include "mesh/Normals.h"
 
 #include <tbb/parallel_for.h>
-#include <utility>
 
 namespace oz::mesh {
 
@@ -25,22 +24,9 @@ Status Mesh::fillPoints(size_t count, const std::function<void(std::span<Point3>
     if (count != points_.read().size())
         return Status::SizeMismatch;
     // Every point is overwritten, so points still shared with a copy are not copied first.
-    fill(points_.overwrite([&] {
-        if (spare_.points.size() != count)
-            return std::vector<Point3>(count);
-        return std::exchange(spare_.points, {});
-    }));
+    fill(points_.overwrite([count] { return std::vector<Point3>(count); }));
     pointsMoved();
     return Status::Success;
-}
-
-void Mesh::recyclePointStorage(Mesh& dropped) {
-    if (&dropped == this)
-        return;
-    if (std::optional<std::vector<Point3>> storage = dropped.points_.takeIfUnshared())
-        spare_.points = std::move(*storage);
-    else
-        spare_.points = std::exchange(dropped.spare_.points, {});
 }
 
 Status Mesh::setPoint(int32_t vertex, Point3 p) {

@@ -85,10 +85,6 @@ public:
     // `fill`: writers that convert from another layout then pass over the points only once.
     Status fillPoints(size_t count, const std::function<void(std::span<Point3>)>& fill);
     Status setPoint(int32_t vertex, Point3 p);
-    // Keeps the point storage of `dropped`, a mesh its owner is about to let go of, for the next
-    // fillPoints that has to detach from shared points: a mesh rewritten from a copy on every
-    // evaluation then writes into warm pages instead of fresh ones. `dropped` may lose its points.
-    void recyclePointStorage(Mesh& dropped);
     BoundingBox boundingBox() const;
 
     // --- Normals --------------------------------------------------------------------------------
@@ -189,21 +185,7 @@ private:
     uint64_t topologyVersion_ = 0;
     uint64_t geometryVersion_ = 0;
 
-    // Storage to overwrite instead of allocating, not part of the mesh's value: copies start
-    // without it.
-    struct SpareHolder {
-        SpareHolder() = default;
-        SpareHolder(const SpareHolder&) {}
-        SpareHolder& operator=(const SpareHolder&) {
-            points.clear();
-            points.shrink_to_fit();
-            return *this;
-        }
-        std::vector<Point3> points;
-    };
-
     MergeIndexHolder merge_;
-    SpareHolder spare_;
     CacheSlot<Topology> topology_;
     CacheSlot<Triangulation> triangulation_;
     CacheSlot<std::vector<BoundingBox>> faceBounds_;

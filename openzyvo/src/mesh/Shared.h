@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <utility>
 
 namespace oz::mesh {
@@ -33,15 +32,6 @@ public:
         if (value_.use_count() > 1)
             value_ = std::make_shared<T>(make());
         return *value_;
-    }
-
-    // Moves the value out when no copy shares it, leaving an empty one behind; else gives nothing.
-    std::optional<T> takeIfUnshared() {
-        if (value_.use_count() != 1)
-            return std::nullopt;
-        std::optional<T> taken(std::move(*value_));
-        *value_ = T();
-        return taken;
     }
 
 private:

@@ -1,4 +1,3 @@
-#include "data/MeshData.h"
 #include "graph/Node.h"
 #include "graph/Report.h"
 #include "nodes/DagHierarchy.h"
@@ -47,17 +46,6 @@ ZMatrix localToWorld(const ZPlug& output, int depth = 0) {
     return ZMatrix();
 }
 
-// The output's copy of its input shares the input's points until deform() moves them. The mesh the
-// output held before gives that copy its point storage when nothing else holds it any more, so that
-// moving the points of every frame does not fault in fresh pages.
-void recyclePoints(const ZObject& previous, const ZObject& current) {
-    const std::shared_ptr<oz::Object>& dropped = oz::ObjectAccess::get(previous);
-    auto* from = dynamic_cast<oz::MeshData*>(dropped.get());
-    auto* to = oz::ObjectAccess::as<oz::MeshData>(current);
-    if (from && to && dropped.use_count() == 1)
-        to->mesh.recyclePointStorage(from->mesh);
-}
-
 // outputGeom[index] = input[index].inputGeom with its points moved by deform().
 ZStatus deformElement(ZPxGeometryFilter& filter, ZDataBlock& block, unsigned int index) {
     using Filter = ZPxGeometryFilter;
@@ -75,10 +63,8 @@ ZStatus deformElement(ZPxGeometryFilter& filter, ZDataBlock& block, unsigned int
     ZDataHandle out = block.outputValue(output, &status);
     if (!status)
         return status;
-    const ZObject previous = out.data();
     if (!(status = out.copy(in)))
         return status;
-    recyclePoints(previous, out.data());
 
     if (!out.data().isNull()) {
         ZItGeometry iterator(out.data(), &status);

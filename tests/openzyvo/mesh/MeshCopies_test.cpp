@@ -171,35 +171,6 @@ TEST(MeshCopies, ACopySharesThePointsUntilOneSideMovesThem) {
     EXPECT_EQ(a.points().data(), own);
 }
 
-TEST(MeshCopies, ADroppedMeshLendsItsPointsToTheNextOverwrite) {
-    const Mesh input = cube();
-    Mesh previous = input;
-    ASSERT_EQ(previous.setPoint(0, {5, 5, 5}), Status::Success);
-    const Point3* storage = previous.points().data();
-
-    Mesh output = input;
-    output.recyclePointStorage(previous);
-    const auto shifted = [](std::span<Point3> own) {
-        for (size_t i = 0; i < own.size(); ++i)
-            own[i] = {double(i), 0, 0};
-    };
-    ASSERT_EQ(output.fillPoints(8, shifted), Status::Success);
-    EXPECT_EQ(output.points().data(), storage);
-    EXPECT_EQ(output.point(7), (Point3{7, 0, 0}));
-    EXPECT_EQ(input.point(7), (Point3{1, 1, 1}));
-}
-
-TEST(MeshCopies, PointsThatACopyStillSharesAreNotLent) {
-    const Mesh input = cube();
-    Mesh previous = input;
-    Mesh output = input;
-    output.recyclePointStorage(previous);
-    ASSERT_EQ(output.setPoints(std::vector<Point3>(8, Point3{3, 3, 3})), Status::Success);
-    EXPECT_EQ(input.point(0), (Point3{0, 0, 0}));
-    EXPECT_EQ(previous.point(0), (Point3{0, 0, 0}));
-    EXPECT_NE(output.points().data(), input.points().data());
-}
-
 TEST(MeshCopies, DerivedTablesFollowEachCopysOwnEdits) {
     Mesh a = cube();
     ASSERT_GT(a.topology()->edgeCount(), 0);

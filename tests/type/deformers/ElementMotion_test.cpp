@@ -152,7 +152,7 @@ TEST(ElementMotion, OneMapAgreesWithScalingThenTurningEachAboutItsPivot) {
     motion.rotationPivot = {-3, 0.5, 2};
     const type::PivotTransform scaling(motion.scalePivot, {}, motion.scale);
     const type::PivotTransform turning(motion.rotationPivot, motion.rotationDegrees, {1, 1, 1});
-    const type::ElementMap map(motion);
+    const type::AffineMap map = type::motionMap(motion);
     for (const Point3& p : {Point3{0, 0, 0}, Point3{1, 2, 3}, Point3{-40, 0.5, 7}}) {
         const Point3 stepwise = turning.apply(scaling.apply(
             {p.x + motion.translation.x, p.y + motion.translation.y, p.z + motion.translation.z}));
@@ -165,7 +165,7 @@ TEST(ElementMotion, OneMapAgreesWithScalingThenTurningEachAboutItsPivot) {
     // A translation alone is exact.
     type::ElementMotion shift;
     shift.translation = {0.1, 0.2, 0.3};
-    const Point3 moved = type::ElementMap(shift).apply(0.7, 0.1, 0.2);
+    const Point3 moved = type::motionMap(shift).apply(0.7, 0.1, 0.2);
     EXPECT_EQ(moved.x, 0.7 + 0.1);
     EXPECT_EQ(moved.y, 0.1 + 0.2);
     EXPECT_EQ(moved.z, 0.2 + 0.3);

@@ -171,6 +171,44 @@ TEST_F(ShellDeformerNode, EachCharacterSamplesTheKeysAtItsDelayedTime) {
     EXPECT_GT(rose[0], rose[1]);
 }
 
+// Keys on another node reach the channels through plain connections, one into a channel itself and
+// one into its compound: they too are read at each character's own time.
+TEST_F(ShellDeformerNode, ChannelsDrivenThroughOtherNodesAreSampledAtEachDelayedTime) {
+    const std::string mover = text("createNode transform");
+    ASSERT_TRUE(run("setKeyframe -t 0 -v 0 -at translateX " + mover));
+    ASSERT_TRUE(run("setKeyframe -t 10 -v 4 -at translateX " + mover));
+    ASSERT_TRUE(run("connectAttr " + mover + ".translateX shellDeformer1.animationPositionX"));
+    const std::string scaler = text("createNode transform");
+    ASSERT_TRUE(run("setKeyframe -t 0 -v 1 -at scaleX " + scaler));
+    ASSERT_TRUE(run("setKeyframe -t 10 -v 3 -at scaleX " + scaler));
+    ASSERT_TRUE(run("connectAttr " + scaler + ".scale shellDeformer1.animationScale"));
+    ASSERT_TRUE(run("currentTime 8"));
+
+    const std::vector<ZPoint> before = points();
+    const std::vector<ZPoint> after = deformed("shellDeformer1");
+    const std::vector<std::vector<int>> groups = characters();
+    ASSERT_EQ(groups.size(), 3u);
+    // A character's leftmost and rightmost x.
+    const auto extent = [](const std::vector<ZPoint>& points, const std::vector<int>& character) {
+        std::pair<double, double> span{1e300, -1e300};
+        for (int v : character) {
+            span.first = std::min(span.first, points[static_cast<std::size_t>(v)].x);
+            span.second = std::max(span.second, points[static_cast<std::size_t>(v)].x);
+        }
+        return span;
+    };
+    // Delays 0, 5 and 10 frames.
+    for (const auto& [character, frame] : {std::pair{0, 8.0}, std::pair{1, 3.0}, std::pair{2, -2.0}}) {
+        const std::string at = "getAttr -t " + std::to_string(frame) + " ";
+        const auto [low, high] = extent(before, groups[static_cast<std::size_t>(character)]);
+        const auto [movedLow, movedHigh] = extent(after, groups[static_cast<std::size_t>(character)]);
+        EXPECT_NEAR((movedHigh - movedLow) / (high - low), real(at + scaler + ".scaleX"), 1e-9) << character;
+        // Scaled about its own x centre, the character's centre moves by the translation alone.
+        EXPECT_NEAR(0.5 * (movedLow + movedHigh) - 0.5 * (low + high), real(at + mover + ".translateX"), 1e-9)
+            << character;
+    }
+}
+
 TEST_F(ShellDeformerNode, ReverseOrderStartsWithTheLastCharacter) {
     ASSERT_TRUE(run("setAttr shellDeformer1.reverseOrder 1"));
     ASSERT_TRUE(run("currentTime 8"));
