@@ -24,6 +24,8 @@ void EarClipper::reserveNodes(size_t count) {
     index_.resize(count);
     prev_.resize(count);
     next_.resize(count);
+    turn_.resize(count);
+    reflexSlot_.resize(count);
 }
 
 int32_t EarClipper::addNode(Point2 p, int32_t index, int32_t after) {
@@ -222,33 +224,48 @@ size_t EarClipper::cellOf(Point2 p) const {
     return static_cast<size_t>(y) * columns_ + x;
 }
 
-bool EarClipper::blocks(int32_t node, Point2 a, Point2 b, Point2 c) const {
-    const Point2 p = point_[node];
-    // Another copy of a corner (the two ends of a bridge) opens away from the ear.
-    if (p == a || p == b || p == c)
-        return false;
-    // The diagonal c-a first: points near an ear but outside it mostly lie beyond it.
-    return inClosedTriangle(c, a, b, p);
+void EarClipper::classify(int32_t node) {
+    const int turn = orientation(point_[prev_[node]], point_[node], point_[next_[node]]);
+    turn_[node] = static_cast<int8_t>(turn);
+    const int32_t slot = reflexSlot_[node];
+    if ((turn <= 0) == (slot >= 0))
+        return;
+    if (turn <= 0) {
+        reflexSlot_[node] = static_cast<int32_t>(reflexNode_.size());
+        reflexNode_.push_back(node);
+        reflexPoint_.push_back(point_[node]);
+        return;
+    }
+    const int32_t last = reflexNode_.back();
+    reflexNode_[slot] = last;
+    reflexPoint_[slot] = reflexPoint_.back();
+    reflexSlot_[last] = slot;
+    reflexNode_.pop_back();
+    reflexPoint_.pop_back();
+    reflexSlot_[node] = -1;
 }
 
 bool EarClipper::isEar(int32_t ear) const {
+    if (turn_[ear] <= 0)
+        return false;
     const int32_t prev = prev_[ear];
     const int32_t next = next_[ear];
     const Point2 a = point_[prev];
     const Point2 b = point_[ear];
     const Point2 c = point_[next];
-    if (orientation(a, b, c) <= 0)
-        return false;
     const double minX = std::min({a.x, b.x, c.x});
     const double maxX = std::max({a.x, b.x, c.x});
     const double minY = std::min({a.y, b.y, c.y});
     const double maxY = std::max({a.y, b.y, c.y});
-    auto outsideBox = [&](Point2 p) {
-        return p.x < minX || p.x > maxX || p.y < minY || p.y > maxY;
+    // Another copy of a corner (the two ends of a bridge) opens away from the ear. The diagonal
+    // c-a is tested first: points near an ear but outside it mostly lie beyond it.
+    auto blocks = [&](Point2 p) {
+        return p.x >= minX && p.x <= maxX && p.y >= minY && p.y <= maxY && p != a && p != b && p != c &&
+               inClosedTriangle(c, a, b, p);
     };
     if (!gridded_) {
-        for (int32_t p = next_[next]; p != prev; p = next_[p]) {
-            if (!outsideBox(point_[p]) && blocks(p, a, b, c))
+        for (const Point2 p : reflexPoint_) {
+            if (blocks(p))
                 return false;
         }
         return true;
@@ -260,7 +277,7 @@ bool EarClipper::isEar(int32_t ear) const {
     for (int32_t y = y0; y <= y1; ++y) {
         for (int32_t x = x0; x <= x1; ++x) {
             for (int32_t p = cellHead_[static_cast<size_t>(y) * columns_ + x]; p >= 0; p = cellNext_[p]) {
-                if (p != prev && p != ear && p != next && !outsideBox(point_[p]) && blocks(p, a, b, c))
+                if (turn_[p] <= 0 && blocks(point_[p]))
                     return false;
             }
         }
@@ -318,6 +335,20 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
 
     if (static_cast<size_t>(nodes_) > kGridThreshold)
         buildGrid(outer);
+    // All turns first, in one pass whose iterations do not wait on each other.
+    for (int32_t node = 0; node < nodes_; ++node)
+        turn_[node] =
+            static_cast<int8_t>(orientation(point_[prev_[node]], point_[node], point_[next_[node]]));
+    reflexNode_.clear();
+    reflexPoint_.clear();
+    for (int32_t node = 0; node < nodes_; ++node) {
+        reflexSlot_[node] = -1;
+        if (turn_[node] <= 0) {
+            reflexSlot_[node] = static_cast<int32_t>(reflexNode_.size());
+            reflexNode_.push_back(node);
+            reflexPoint_.push_back(point_[node]);
+        }
+    }
     const size_t firstOut = out.size();
     int32_t remaining = nodes_;
     int32_t ear = outer;
@@ -328,6 +359,8 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
         if (isEar(ear)) {
             out.push_back({index_[prev], index_[ear], index_[next]});
             unlink(ear);
+            classify(prev);
+            classify(next);
             --remaining;
             ear = next;
             stop = next;
@@ -341,7 +374,7 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
     }
     const int32_t prev = prev_[ear];
     const int32_t next = next_[ear];
-    if (orientation(point_[prev], point_[ear], point_[next]) <= 0) {
+    if (turn_[ear] <= 0) {
         out.resize(firstOut);
         return false;
     }

@@ -12,8 +12,10 @@ namespace oz::mesh {
 // first joined to the outer loop by bridges to a visible point, which makes one weakly simple
 // loop; an ear is then a strictly convex corner whose triangle holds no other point of the loop,
 // not even on its edges. A point on a straight run is therefore never cut off on its own: it
-// keeps a corner of a real triangle, and no triangle of zero area is ever made. Keep one per
-// thread and reuse it: it keeps its buffers.
+// keeps a corner of a real triangle, and no triangle of zero area is ever made. Only corners that
+// are not strictly convex are looked at as blockers: of the points inside a would-be ear, the one
+// furthest from its diagonal is always such a corner. Keep one per thread and reuse it: it keeps
+// its buffers.
 class EarClipper {
 public:
     // Appends the face's triangles to `out` as point indices of the face, counter-clockwise in
@@ -29,8 +31,8 @@ private:
     int32_t findBridge(int32_t outer, int32_t hole) const;
     bool bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const;
     bool opensTowards(int32_t node, Point2 target) const;
+    void classify(int32_t node);
     bool isEar(int32_t ear) const;
-    bool blocks(int32_t node, Point2 a, Point2 b, Point2 c) const;
     void buildGrid(int32_t start);
     size_t cellOf(Point2 p) const;
     void unlink(int32_t node);
@@ -42,6 +44,13 @@ private:
     std::vector<int32_t> index_;
     std::vector<int32_t> prev_;
     std::vector<int32_t> next_;
+    std::vector<int8_t> turn_; // per node, the sign of its corner's turn while clipping
+
+    // The corners that are not strictly convex, packed so that an ear test scans only them; a
+    // clipped ear changes the corners of its two neighbours alone.
+    std::vector<int32_t> reflexNode_;
+    std::vector<Point2> reflexPoint_;
+    std::vector<int32_t> reflexSlot_;               // per node, its place in the list, or -1
     std::vector<std::pair<double, int32_t>> holes_; // leftmost x and node of each hole
 
     // Large faces find the points near an ear through a uniform grid of cells, each a list of the
