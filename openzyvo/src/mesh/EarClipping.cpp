@@ -11,7 +11,7 @@ namespace {
 // Below this many points a scan of the whole loop is cheaper than building the grid.
 constexpr size_t kGridThreshold = 64;
 
-bool inClosedTriangle(Point2 a, Point2 b, Point2 c, Point2 p) {
+[[gnu::always_inline]] inline bool inClosedTriangle(Point2 a, Point2 b, Point2 c, Point2 p) {
     return orientation(a, b, p) >= 0 && orientation(b, c, p) >= 0 && orientation(c, a, p) >= 0;
 }
 
@@ -25,6 +25,8 @@ void EarClipper::reserveNodes(size_t count) {
     prev_.resize(count);
     next_.resize(count);
     turn_.resize(count);
+    reflexNode_.resize(count);
+    reflexPoint_.resize(count);
     reflexSlot_.resize(count);
 }
 
@@ -231,17 +233,15 @@ void EarClipper::classify(int32_t node) {
     if ((turn <= 0) == (slot >= 0))
         return;
     if (turn <= 0) {
-        reflexSlot_[node] = static_cast<int32_t>(reflexNode_.size());
-        reflexNode_.push_back(node);
-        reflexPoint_.push_back(point_[node]);
+        reflexSlot_[node] = reflexCount_;
+        reflexNode_[reflexCount_] = node;
+        reflexPoint_[reflexCount_++] = point_[node];
         return;
     }
-    const int32_t last = reflexNode_.back();
+    const int32_t last = reflexNode_[--reflexCount_];
     reflexNode_[slot] = last;
-    reflexPoint_[slot] = reflexPoint_.back();
+    reflexPoint_[slot] = reflexPoint_[reflexCount_];
     reflexSlot_[last] = slot;
-    reflexNode_.pop_back();
-    reflexPoint_.pop_back();
     reflexSlot_[node] = -1;
 }
 
@@ -264,8 +264,8 @@ bool EarClipper::isEar(int32_t ear) const {
                inClosedTriangle(c, a, b, p);
     };
     if (!gridded_) {
-        for (const Point2 p : reflexPoint_) {
-            if (blocks(p))
+        for (int32_t k = 0; k < reflexCount_; ++k) {
+            if (blocks(reflexPoint_[k]))
                 return false;
         }
         return true;
@@ -339,14 +339,13 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
     for (int32_t node = 0; node < nodes_; ++node)
         turn_[node] =
             static_cast<int8_t>(orientation(point_[prev_[node]], point_[node], point_[next_[node]]));
-    reflexNode_.clear();
-    reflexPoint_.clear();
+    reflexCount_ = 0;
     for (int32_t node = 0; node < nodes_; ++node) {
         reflexSlot_[node] = -1;
         if (turn_[node] <= 0) {
-            reflexSlot_[node] = static_cast<int32_t>(reflexNode_.size());
-            reflexNode_.push_back(node);
-            reflexPoint_.push_back(point_[node]);
+            reflexSlot_[node] = reflexCount_;
+            reflexNode_[reflexCount_] = node;
+            reflexPoint_[reflexCount_++] = point_[node];
         }
     }
     const size_t firstOut = out.size();

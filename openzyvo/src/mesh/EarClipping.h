@@ -46,8 +46,9 @@ private:
     std::vector<int32_t> next_;
     std::vector<int8_t> turn_; // per node, the sign of its corner's turn while clipping
 
-    // The corners that are not strictly convex, packed so that an ear test scans only them; a
-    // clipped ear changes the corners of its two neighbours alone.
+    // The corners that are not strictly convex, the first reflexCount_ entries packed so that an
+    // ear test scans only them; a clipped ear changes the corners of its two neighbours alone.
+    int32_t reflexCount_ = 0;
     std::vector<int32_t> reflexNode_;
     std::vector<Point2> reflexPoint_;
     std::vector<int32_t> reflexSlot_;               // per node, its place in the list, or -1
