@@ -245,42 +245,59 @@ void EarClipper::classify(int32_t node) {
     reflexSlot_[node] = -1;
 }
 
-bool EarClipper::isEar(int32_t ear) const {
-    if (turn_[ear] <= 0)
-        return false;
-    const int32_t prev = prev_[ear];
-    const int32_t next = next_[ear];
-    const Point2 a = point_[prev];
-    const Point2 b = point_[ear];
-    const Point2 c = point_[next];
-    const double minX = std::min({a.x, b.x, c.x});
-    const double maxX = std::max({a.x, b.x, c.x});
-    const double minY = std::min({a.y, b.y, c.y});
-    const double maxY = std::max({a.y, b.y, c.y});
-    // Another copy of a corner (the two ends of a bridge) opens away from the ear. The diagonal
-    // c-a is tested first: points near an ear but outside it mostly lie beyond it.
-    auto blocks = [&](Point2 p) {
-        return p.x >= minX && p.x <= maxX && p.y >= minY && p.y <= maxY && p != a && p != b && p != c &&
-               inClosedTriangle(c, a, b, p);
-    };
-    if (!gridded_) {
-        for (int32_t k = 0; k < reflexCount_; ++k) {
-            if (blocks(reflexPoint_[k]))
-                return false;
-        }
-        return true;
-    }
-    const auto x0 = static_cast<int32_t>((minX - gridOrigin_.x) / cellSize_);
-    const auto x1 = std::min(columns_ - 1, static_cast<int32_t>((maxX - gridOrigin_.x) / cellSize_));
-    const auto y0 = static_cast<int32_t>((minY - gridOrigin_.y) / cellSize_);
-    const auto y1 = std::min(rows_ - 1, static_cast<int32_t>((maxY - gridOrigin_.y) / cellSize_));
+namespace {
+
+struct EarBox {
+    double minX, maxX, minY, maxY;
+
+    EarBox(Point2 a, Point2 b, Point2 c)
+        : minX(std::min({a.x, b.x, c.x}))
+        , maxX(std::max({a.x, b.x, c.x}))
+        , minY(std::min({a.y, b.y, c.y}))
+        , maxY(std::max({a.y, b.y, c.y})) {}
+
+    bool holds(Point2 p) const { return p.x >= minX && p.x <= maxX && p.y >= minY && p.y <= maxY; }
+};
+
+// Whether p keeps a-b-c from being an ear. Another copy of a corner (the two ends of a bridge)
+// opens away from the ear. The diagonal c-a is tested first: points near an ear but outside it
+// mostly lie beyond it.
+[[gnu::always_inline]] inline bool blocks(const EarBox& box, Point2 a, Point2 b, Point2 c, Point2 p) {
+    return box.holds(p) && p != a && p != b && p != c && inClosedTriangle(c, a, b, p);
+}
+
+} // namespace
+
+bool EarClipper::gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const {
+    const EarBox box(a, b, c);
+    const auto x0 = static_cast<int32_t>((box.minX - gridOrigin_.x) / cellSize_);
+    const auto x1 = std::min(columns_ - 1, static_cast<int32_t>((box.maxX - gridOrigin_.x) / cellSize_));
+    const auto y0 = static_cast<int32_t>((box.minY - gridOrigin_.y) / cellSize_);
+    const auto y1 = std::min(rows_ - 1, static_cast<int32_t>((box.maxY - gridOrigin_.y) / cellSize_));
     for (int32_t y = y0; y <= y1; ++y) {
         for (int32_t x = x0; x <= x1; ++x) {
             for (int32_t p = cellHead_[static_cast<size_t>(y) * columns_ + x]; p >= 0; p = cellNext_[p]) {
-                if (turn_[p] <= 0 && blocks(point_[p]))
-                    return false;
+                if (turn_[p] <= 0 && blocks(box, a, b, c, point_[p]))
+                    return true;
             }
         }
+    }
+    return false;
+}
+
+// Inline: it runs once or twice per triangle made, mostly on small faces.
+[[gnu::always_inline]] inline bool EarClipper::isEar(int32_t ear) const {
+    if (turn_[ear] <= 0)
+        return false;
+    const Point2 a = point_[prev_[ear]];
+    const Point2 b = point_[ear];
+    const Point2 c = point_[next_[ear]];
+    if (gridded_)
+        return !gridHoldsBlocker(a, b, c);
+    const EarBox box(a, b, c);
+    for (int32_t k = 0; k < reflexCount_; ++k) {
+        if (blocks(box, a, b, c, reflexPoint_[k]))
+            return false;
     }
     return true;
 }

@@ -33,6 +33,7 @@ private:
     bool opensTowards(int32_t node, Point2 target) const;
     void classify(int32_t node);
     bool isEar(int32_t ear) const;
+    bool gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const;
     void buildGrid(int32_t start);
     size_t cellOf(Point2 p) const;
     void unlink(int32_t node);
