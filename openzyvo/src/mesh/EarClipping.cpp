@@ -51,6 +51,7 @@ void EarClipper::linkLoop(const PlanarFace& face, int32_t loop, bool reverse) {
         const int32_t node = first + k;
         point_[node] = face.points[i];
         index_[node] = i;
+        turn_[node] = static_cast<int8_t>(reverse ? -face.turn[i] : face.turn[i]);
         prev_[node] = k == 0 ? first + size - 1 : node - 1;
         next_[node] = k == size - 1 ? first : node + 1;
     }
@@ -60,7 +61,7 @@ bool EarClipper::opensTowards(int32_t node, Point2 target) const {
     const Point2 a = point_[prev_[node]];
     const Point2 b = point_[node];
     const Point2 c = point_[next_[node]];
-    if (orientation(a, b, c) >= 0)
+    if (turn_[node] >= 0)
         return orientation(a, b, target) > 0 && orientation(b, c, target) > 0;
     return orientation(a, b, target) > 0 || orientation(b, c, target) > 0;
 }
@@ -190,6 +191,9 @@ bool EarClipper::joinHole(int32_t outer, int32_t hole) {
     prev_[hole] = to;
     next_[holeCopy] = toCopy;
     prev_[toCopy] = holeCopy;
+    for (const int32_t node : {to, hole, toCopy, holeCopy})
+        turn_[node] =
+            static_cast<int8_t>(orientation(point_[prev_[node]], point_[node], point_[next_[node]]));
     return true;
 }
 
@@ -331,7 +335,7 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
     for (int32_t l = 1; l < face.loopCount(); ++l) {
         const int32_t first = nodes_;
         // Holes run clockwise, so that a bridge in and out of one keeps the joined loop consistent.
-        linkLoop(face, l, twiceSignedArea(face.loop(l)) > 0.0);
+        linkLoop(face, l, face.twiceArea[l] > 0.0);
         int32_t leftmost = first;
         for (int32_t n = first; n < nodes_; ++n) {
             const Point2 p = point_[n];
@@ -352,10 +356,6 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
 
     if (static_cast<size_t>(nodes_) > kGridThreshold)
         buildGrid(outer);
-    // All turns first, in one pass whose iterations do not wait on each other.
-    for (int32_t node = 0; node < nodes_; ++node)
-        turn_[node] =
-            static_cast<int8_t>(orientation(point_[prev_[node]], point_[node], point_[next_[node]]));
     reflexCount_ = 0;
     for (int32_t node = 0; node < nodes_; ++node) {
         reflexSlot_[node] = -1;

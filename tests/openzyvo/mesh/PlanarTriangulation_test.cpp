@@ -273,6 +273,7 @@ TEST(EarClipper, ReusedClipperCutsEachFaceAfresh) {
                 face.points.push_back({p.x, p.y});
         }
         face.loopStart.push_back(static_cast<int32_t>(face.points.size()));
+        describeLoops(face);
         return face;
     };
     const PlanarFace large =
