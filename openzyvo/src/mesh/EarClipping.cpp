@@ -230,7 +230,8 @@ size_t EarClipper::cellOf(Point2 p) const {
     return static_cast<size_t>(y) * columns_ + x;
 }
 
-void EarClipper::classify(int32_t node) {
+// Inline: every clipped ear updates its two neighbours.
+[[gnu::always_inline]] inline void EarClipper::classify(int32_t node) {
     const int turn = orientation(point_[prev_[node]], point_[node], point_[next_[node]]);
     turn_[node] = static_cast<int8_t>(turn);
     const int32_t slot = reflexSlot_[node];
