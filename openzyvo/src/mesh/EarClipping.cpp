@@ -212,16 +212,37 @@ void EarClipper::buildGrid(int32_t start) {
     columns_ = static_cast<int32_t>((hi.x - lo.x) / cellSize_) + 1;
     rows_ = static_cast<int32_t>((hi.y - lo.y) / cellSize_) + 1;
     cellHead_.assign(static_cast<size_t>(columns_) * rows_, -1);
-    cellNext_.assign(static_cast<size_t>(nodes_), -1);
-    cellPrev_.assign(static_cast<size_t>(nodes_), -1);
+    cellNext_.resize(static_cast<size_t>(nodes_));
+    cellPrev_.resize(static_cast<size_t>(nodes_));
     for (int32_t node = 0; node < nodes_; ++node) {
-        int32_t& head = cellHead_[cellOf(point_[node])];
-        cellNext_[node] = head;
-        if (head >= 0)
-            cellPrev_[head] = node;
-        head = node;
+        reflexSlot_[node] = -1;
+        if (turn_[node] <= 0)
+            enterGrid(node);
     }
     gridded_ = true;
+}
+
+void EarClipper::enterGrid(int32_t node) {
+    int32_t& head = cellHead_[cellOf(point_[node])];
+    cellPrev_[node] = -1;
+    cellNext_[node] = head;
+    if (head >= 0)
+        cellPrev_[head] = node;
+    head = node;
+    reflexSlot_[node] = 0;
+}
+
+void EarClipper::leaveGrid(int32_t node) {
+    const int32_t before = cellPrev_[node];
+    const int32_t after = cellNext_[node];
+    if (after >= 0)
+        cellPrev_[after] = before;
+    if (before >= 0) {
+        cellNext_[before] = after;
+    } else {
+        cellHead_[cellOf(point_[node])] = after;
+    }
+    reflexSlot_[node] = -1;
 }
 
 size_t EarClipper::cellOf(Point2 p) const {
@@ -237,6 +258,10 @@ size_t EarClipper::cellOf(Point2 p) const {
     const int32_t slot = reflexSlot_[node];
     if ((turn <= 0) == (slot >= 0))
         return;
+    if (gridded_) {
+        turn <= 0 ? enterGrid(node) : leaveGrid(node);
+        return;
+    }
     if (turn <= 0) {
         reflexSlot_[node] = reflexCount_;
         reflexNode_[reflexCount_] = node;
@@ -273,6 +298,18 @@ struct EarBox {
 
 } // namespace
 
+void EarClipper::listReflexCorners() {
+    reflexCount_ = 0;
+    for (int32_t node = 0; node < nodes_; ++node) {
+        reflexSlot_[node] = -1;
+        if (turn_[node] <= 0) {
+            reflexSlot_[node] = reflexCount_;
+            reflexNode_[reflexCount_] = node;
+            reflexPoint_[reflexCount_++] = point_[node];
+        }
+    }
+}
+
 bool EarClipper::gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const {
     const EarBox box(a, b, c);
     const auto x0 = static_cast<int32_t>((box.minX - gridOrigin_.x) / cellSize_);
@@ -282,7 +319,7 @@ bool EarClipper::gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const {
     for (int32_t y = y0; y <= y1; ++y) {
         for (int32_t x = x0; x <= x1; ++x) {
             for (int32_t p = cellHead_[static_cast<size_t>(y) * columns_ + x]; p >= 0; p = cellNext_[p]) {
-                if (turn_[p] <= 0 && blocks(box, a, b, c, point_[p]))
+                if (blocks(box, a, b, c, point_[p]))
                     return true;
             }
         }
@@ -307,21 +344,10 @@ bool EarClipper::gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const {
     return true;
 }
 
+// An ear is strictly convex, so it is in no list of reflex corners and no cell of the grid.
 void EarClipper::unlink(int32_t node) {
     next_[prev_[node]] = next_[node];
     prev_[next_[node]] = prev_[node];
-    if (!gridded_)
-        return;
-    // Out of its cell too, so that searches never walk past clipped points.
-    const int32_t before = cellPrev_[node];
-    const int32_t after = cellNext_[node];
-    if (after >= 0)
-        cellPrev_[after] = before;
-    if (before >= 0) {
-        cellNext_[before] = after;
-    } else {
-        cellHead_[cellOf(point_[node])] = after;
-    }
 }
 
 bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out) {
@@ -357,15 +383,8 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
 
     if (static_cast<size_t>(nodes_) > kGridThreshold)
         buildGrid(outer);
-    reflexCount_ = 0;
-    for (int32_t node = 0; node < nodes_; ++node) {
-        reflexSlot_[node] = -1;
-        if (turn_[node] <= 0) {
-            reflexSlot_[node] = reflexCount_;
-            reflexNode_[reflexCount_] = node;
-            reflexPoint_[reflexCount_++] = point_[node];
-        }
-    }
+    else
+        listReflexCorners();
     const size_t firstOut = out.size();
     int32_t remaining = nodes_;
     int32_t ear = outer;

@@ -34,7 +34,10 @@ private:
     void classify(int32_t node);
     bool isEar(int32_t ear) const;
     bool gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const;
+    void listReflexCorners();
     void buildGrid(int32_t start);
+    void enterGrid(int32_t node);
+    void leaveGrid(int32_t node);
     size_t cellOf(Point2 p) const;
     void unlink(int32_t node);
 
@@ -55,8 +58,9 @@ private:
     std::vector<int32_t> reflexSlot_;               // per node, its place in the list, or -1
     std::vector<std::pair<double, int32_t>> holes_; // leftmost x and node of each hole
 
-    // Large faces find the points near an ear through a uniform grid of cells, each a list of the
-    // points in it that are not clipped yet.
+    // Large faces find the reflex corners near an ear through a uniform grid of cells, each a list
+    // of the reflex corners in it; there the list above is not kept, and a corner's entry is 0
+    // while it is in the grid.
     bool gridded_ = false;
     Point2 gridOrigin_;
     double cellSize_ = 1.0;
