@@ -10,6 +10,8 @@ namespace {
 
 // Below this many points a scan of the whole loop is cheaper than building the grid.
 constexpr size_t kGridThreshold = 64;
+// Above this many reflex corners an ear looks up the ones level with it in a list sorted by x.
+constexpr int32_t kSortedCorners = 16;
 
 [[gnu::always_inline]] inline bool inClosedTriangle(Point2 a, Point2 b, Point2 c, Point2 p) {
     return orientation(a, b, p) >= 0 && orientation(b, c, p) >= 0 && orientation(c, a, p) >= 0;
@@ -25,8 +27,11 @@ void EarClipper::reserveNodes(size_t count) {
     prev_.resize(count);
     next_.resize(count);
     turn_.resize(count);
-    reflexNode_.resize(count);
-    reflexPoint_.resize(count);
+    // A corner that turns reflex while clipping is listed anew; a clip turns at most its two
+    // neighbours.
+    reflexNode_.resize(3 * count);
+    reflexPoint_.resize(3 * count);
+    reflexX_.resize(count);
     reflexSlot_.resize(count);
 }
 
@@ -205,8 +210,10 @@ void EarClipper::buildGrid(int32_t start) {
         lo = {std::min(lo.x, p.x), std::min(lo.y, p.y)};
         hi = {std::max(hi.x, p.x), std::max(hi.y, p.y)};
     }
+    // About one reflex corner per cell: only they enter the grid.
+    const auto reflex = std::count_if(turn_.begin(), turn_.begin() + nodes_, [](int8_t t) { return t <= 0; });
     const double side = std::max(hi.x - lo.x, hi.y - lo.y);
-    const double perSide = std::ceil(std::sqrt(static_cast<double>(nodes_)));
+    const double perSide = std::ceil(std::sqrt(static_cast<double>(std::max<ptrdiff_t>(1, reflex))));
     cellSize_ = side > 0.0 && std::isfinite(side) ? side / perSide : 1.0;
     gridOrigin_ = lo;
     columns_ = static_cast<int32_t>((hi.x - lo.x) / cellSize_) + 1;
@@ -268,11 +275,18 @@ size_t EarClipper::cellOf(Point2 p) const {
         reflexPoint_[reflexCount_++] = point_[node];
         return;
     }
+    reflexSlot_[node] = -1;
+    if (slot < sortedCount_) {
+        // A point that compares false with everything falls out of every ear's box.
+        constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
+        reflexPoint_[slot] = {kNowhere, kNowhere};
+        return;
+    }
     const int32_t last = reflexNode_[--reflexCount_];
     reflexNode_[slot] = last;
     reflexPoint_[slot] = reflexPoint_[reflexCount_];
-    reflexSlot_[last] = slot;
-    reflexSlot_[node] = -1;
+    if (last != node)
+        reflexSlot_[last] = slot;
 }
 
 namespace {
@@ -302,11 +316,20 @@ void EarClipper::listReflexCorners() {
     reflexCount_ = 0;
     for (int32_t node = 0; node < nodes_; ++node) {
         reflexSlot_[node] = -1;
-        if (turn_[node] <= 0) {
-            reflexSlot_[node] = reflexCount_;
-            reflexNode_[reflexCount_] = node;
-            reflexPoint_[reflexCount_++] = point_[node];
-        }
+        if (turn_[node] <= 0)
+            reflexNode_[reflexCount_++] = node;
+    }
+    sortedCount_ = 0;
+    if (reflexCount_ > kSortedCorners) {
+        std::sort(reflexNode_.begin(), reflexNode_.begin() + reflexCount_,
+                  [&](int32_t a, int32_t b) { return point_[a].x < point_[b].x; });
+        sortedCount_ = reflexCount_;
+    }
+    for (int32_t k = 0; k < reflexCount_; ++k) {
+        const int32_t node = reflexNode_[k];
+        reflexSlot_[node] = k;
+        reflexPoint_[k] = point_[node];
+        reflexX_[k] = point_[node].x;
     }
 }
 
@@ -337,7 +360,17 @@ bool EarClipper::gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const {
     if (gridded_)
         return !gridHoldsBlocker(a, b, c);
     const EarBox box(a, b, c);
-    for (int32_t k = 0; k < reflexCount_; ++k) {
+    int32_t k = 0;
+    if (sortedCount_ > 0) {
+        const double* x = reflexX_.data();
+        for (k = static_cast<int32_t>(std::lower_bound(x, x + sortedCount_, box.minX) - x);
+             k < sortedCount_ && x[k] <= box.maxX; ++k) {
+            if (blocks(box, a, b, c, reflexPoint_[k]))
+                return false;
+        }
+        k = sortedCount_;
+    }
+    for (; k < reflexCount_; ++k) {
         if (blocks(box, a, b, c, reflexPoint_[k]))
             return false;
     }

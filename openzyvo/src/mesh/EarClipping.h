@@ -50,12 +50,17 @@ private:
     std::vector<int32_t> next_;
     std::vector<int8_t> turn_; // per node, the sign of its corner's turn while clipping
 
-    // The corners that are not strictly convex, the first reflexCount_ entries packed so that an
-    // ear test scans only them; a clipped ear changes the corners of its two neighbours alone.
+    // The corners that are not strictly convex, so that an ear test looks only at them; a
+    // clipped ear changes the corners of its two neighbours alone. Of the reflexCount_ entries
+    // the first sortedCount_ (all, or none for few corners) are in order of x as listed before
+    // clipping, and one of them that turns convex keeps its place with a point that lies nowhere;
+    // the others are packed.
     int32_t reflexCount_ = 0;
+    int32_t sortedCount_ = 0;
     std::vector<int32_t> reflexNode_;
     std::vector<Point2> reflexPoint_;
-    std::vector<int32_t> reflexSlot_;               // per node, its place in the list, or -1
+    std::vector<double> reflexX_;
+    std::vector<int32_t> reflexSlot_;               // per node, its entry, or -1
     std::vector<std::pair<double, int32_t>> holes_; // leftmost x and node of each hole
 
     // Large faces find the reflex corners near an ear through a uniform grid of cells, each a list
