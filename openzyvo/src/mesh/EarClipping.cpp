@@ -107,7 +107,7 @@ bool EarClipper::bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const {
 // it, and then the hiding point closest in angle to the ray is visible instead. Floating-point
 // rounding can only make this guess wrong near ties, so the guess is checked exactly, and when it
 // fails every point left of the hole is tried, nearest first.
-int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
+int32_t EarClipper::findBridge(int32_t outer, int32_t hole) {
     const Point2 m = point_[hole];
     double hitX = -std::numeric_limits<double>::infinity();
     int32_t hit = -1;
@@ -137,6 +137,7 @@ int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
     Point2 target{};
     if (hit >= 0) {
         target = point_[hit];
+        int32_t targetNode = hit;
         const Point2 crossing{hitX, m.y};
         const int turn = orientation(m, crossing, target);
         if (!onVertex && turn != 0) {
@@ -155,20 +156,25 @@ int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
                     if (tan < bestTan || (tan == bestTan && v.x > target.x)) {
                         bestTan = tan;
                         target = v;
+                        targetNode = p;
                     }
                 }
                 p = next_[p];
             } while (p != outer);
         }
+        if (opensTowards(targetNode, m) && bridgeIsClear(outer, hole, targetNode))
+            return targetNode;
+        // Another copy of the target point (an end of an earlier bridge) may open towards the hole.
         p = outer;
         do {
-            if (point_[p] == target && opensTowards(p, m) && bridgeIsClear(outer, hole, p))
+            if (p != targetNode && point_[p] == target && opensTowards(p, m) && bridgeIsClear(outer, hole, p))
                 return p;
             p = next_[p];
         } while (p != outer);
     }
 
-    std::vector<std::pair<double, int32_t>> candidates;
+    std::vector<std::pair<double, int32_t>>& candidates = bridgeCandidates_;
+    candidates.clear();
     p = outer;
     do {
         const Point2 v = point_[p];

@@ -28,7 +28,7 @@ private:
     int32_t addNode(Point2 p, int32_t index, int32_t after);
     void linkLoop(const PlanarFace& face, int32_t loop, bool reverse);
     bool joinHole(int32_t outer, int32_t hole);
-    int32_t findBridge(int32_t outer, int32_t hole) const;
+    int32_t findBridge(int32_t outer, int32_t hole);
     bool bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const;
     bool opensTowards(int32_t node, Point2 target) const;
     void classify(int32_t node);
@@ -60,8 +60,9 @@ private:
     std::vector<int32_t> reflexNode_;
     std::vector<Point2> reflexPoint_;
     std::vector<double> reflexX_;
-    std::vector<int32_t> reflexSlot_;               // per node, its entry, or -1
-    std::vector<std::pair<double, int32_t>> holes_; // leftmost x and node of each hole
+    std::vector<int32_t> reflexSlot_;                          // per node, its entry, or -1
+    std::vector<std::pair<double, int32_t>> holes_;            // leftmost x and node of each hole
+    std::vector<std::pair<double, int32_t>> bridgeCandidates_; // squared distance and node
 
     // Large faces find the reflex corners near an ear through a uniform grid of cells, each a list
     // of the reflex corners in it; there the list above is not kept, and a corner's entry is 0
