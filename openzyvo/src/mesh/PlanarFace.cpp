@@ -58,11 +58,13 @@ bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t
         const auto loop = faces.loop(face, l);
         const int32_t start = count;
         out.loopStart.push_back(start);
+        Point3 last{};
         for (size_t i = 0; i < loop.size(); ++i, ++index) {
             const Point3 p = points[loop[i]];
-            if (i > 0 && p == points[loop[i - 1]])
+            if (i > 0 && p == last)
                 continue;
-            usable = usable && isFinite(p) && exactlyUsable(p.*u) && exactlyUsable(p.*v);
+            last = p;
+            usable &= isFinite(p) & exactlyUsable(p.*u) & exactlyUsable(p.*v);
             out.points[count] = {p.*u, p.*v};
             out.source[count++] = index;
             const Vector3 d = p - origin;
