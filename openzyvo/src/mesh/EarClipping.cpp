@@ -220,10 +220,11 @@ void EarClipper::buildGrid(int32_t start) {
     const auto reflex = std::count_if(turn_.begin(), turn_.begin() + nodes_, [](int8_t t) { return t <= 0; });
     const double side = std::max(hi.x - lo.x, hi.y - lo.y);
     const double perSide = std::ceil(std::sqrt(static_cast<double>(std::max<ptrdiff_t>(1, reflex))));
-    cellSize_ = side > 0.0 && std::isfinite(side) ? side / perSide : 1.0;
+    // Cells per unit: a product per lookup instead of a quotient.
+    cellScale_ = side > 0.0 && std::isfinite(side) ? perSide / side : 1.0;
     gridOrigin_ = lo;
-    columns_ = static_cast<int32_t>((hi.x - lo.x) / cellSize_) + 1;
-    rows_ = static_cast<int32_t>((hi.y - lo.y) / cellSize_) + 1;
+    columns_ = static_cast<int32_t>((hi.x - lo.x) * cellScale_) + 1;
+    rows_ = static_cast<int32_t>((hi.y - lo.y) * cellScale_) + 1;
     cellHead_.assign(static_cast<size_t>(columns_) * rows_, -1);
     cellNext_.resize(static_cast<size_t>(nodes_));
     cellPrev_.resize(static_cast<size_t>(nodes_));
@@ -259,8 +260,8 @@ void EarClipper::leaveGrid(int32_t node) {
 }
 
 size_t EarClipper::cellOf(Point2 p) const {
-    const auto x = std::min(columns_ - 1, static_cast<int32_t>((p.x - gridOrigin_.x) / cellSize_));
-    const auto y = std::min(rows_ - 1, static_cast<int32_t>((p.y - gridOrigin_.y) / cellSize_));
+    const auto x = std::min(columns_ - 1, static_cast<int32_t>((p.x - gridOrigin_.x) * cellScale_));
+    const auto y = std::min(rows_ - 1, static_cast<int32_t>((p.y - gridOrigin_.y) * cellScale_));
     return static_cast<size_t>(y) * columns_ + x;
 }
 
@@ -341,10 +342,10 @@ void EarClipper::listReflexCorners() {
 
 bool EarClipper::gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const {
     const EarBox box(a, b, c);
-    const auto x0 = static_cast<int32_t>((box.minX - gridOrigin_.x) / cellSize_);
-    const auto x1 = std::min(columns_ - 1, static_cast<int32_t>((box.maxX - gridOrigin_.x) / cellSize_));
-    const auto y0 = static_cast<int32_t>((box.minY - gridOrigin_.y) / cellSize_);
-    const auto y1 = std::min(rows_ - 1, static_cast<int32_t>((box.maxY - gridOrigin_.y) / cellSize_));
+    const auto x0 = static_cast<int32_t>((box.minX - gridOrigin_.x) * cellScale_);
+    const auto x1 = std::min(columns_ - 1, static_cast<int32_t>((box.maxX - gridOrigin_.x) * cellScale_));
+    const auto y0 = static_cast<int32_t>((box.minY - gridOrigin_.y) * cellScale_);
+    const auto y1 = std::min(rows_ - 1, static_cast<int32_t>((box.maxY - gridOrigin_.y) * cellScale_));
     for (int32_t y = y0; y <= y1; ++y) {
         for (int32_t x = x0; x <= x1; ++x) {
             for (int32_t p = cellHead_[static_cast<size_t>(y) * columns_ + x]; p >= 0; p = cellNext_[p]) {

@@ -69,7 +69,7 @@ private:
     // while it is in the grid.
     bool gridded_ = false;
     Point2 gridOrigin_;
-    double cellSize_ = 1.0;
+    double cellScale_ = 1.0;
     int32_t columns_ = 0;
     int32_t rows_ = 0;
     std::vector<int32_t> cellHead_;
