@@ -7,7 +7,7 @@ namespace oz::mesh {
 
 namespace {
 
-constexpr size_t kHashedPoints = 8;
+constexpr size_t kHashedPoints = 4;
 
 // a - b when the difference is exact, which is when no bits of it were rounded away.
 bool exactDifference(double a, double b, double& difference) {
