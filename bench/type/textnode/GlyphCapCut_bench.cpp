@@ -18,7 +18,8 @@ namespace type {
 namespace {
 
 // The flat caps of every glyph of one style, as the type node makes them: one mesh whose faces are
-// real letters, almost none a copy of another, so nearly every face is checked and cut.
+// real letters, most of them no copy of another (dots and accents are), so most faces are checked
+// and cut.
 struct GlyphCaps {
     oz::mesh::FaceLoops faces;
     std::vector<oz::mesh::Point3> points;
