@@ -10,8 +10,10 @@ namespace {
 
 // Below this many points a scan of the whole loop is cheaper than building the grid.
 constexpr size_t kGridThreshold = 64;
+// Above this many reflex corners an ear looks up the ones level with it in a list sorted by x.
+constexpr int32_t kSortedCorners = 16;
 
-bool inClosedTriangle(Point2 a, Point2 b, Point2 c, Point2 p) {
+[[gnu::always_inline]] inline bool inClosedTriangle(Point2 a, Point2 b, Point2 c, Point2 p) {
     return orientation(a, b, p) >= 0 && orientation(b, c, p) >= 0 && orientation(c, a, p) >= 0;
 }
 
@@ -24,6 +26,13 @@ void EarClipper::reserveNodes(size_t count) {
     index_.resize(count);
     prev_.resize(count);
     next_.resize(count);
+    turn_.resize(count);
+    // A corner that turns reflex while clipping is listed anew; a clip turns at most its two
+    // neighbours.
+    reflexNode_.resize(3 * count);
+    reflexPoint_.resize(3 * count);
+    reflexX_.resize(count);
+    reflexSlot_.resize(count);
 }
 
 int32_t EarClipper::addNode(Point2 p, int32_t index, int32_t after) {
@@ -47,6 +56,7 @@ void EarClipper::linkLoop(const PlanarFace& face, int32_t loop, bool reverse) {
         const int32_t node = first + k;
         point_[node] = face.points[i];
         index_[node] = i;
+        turn_[node] = static_cast<int8_t>(reverse ? -face.turn[i] : face.turn[i]);
         prev_[node] = k == 0 ? first + size - 1 : node - 1;
         next_[node] = k == size - 1 ? first : node + 1;
     }
@@ -56,7 +66,7 @@ bool EarClipper::opensTowards(int32_t node, Point2 target) const {
     const Point2 a = point_[prev_[node]];
     const Point2 b = point_[node];
     const Point2 c = point_[next_[node]];
-    if (orientation(a, b, c) >= 0)
+    if (turn_[node] >= 0)
         return orientation(a, b, target) > 0 && orientation(b, c, target) > 0;
     return orientation(a, b, target) > 0 || orientation(b, c, target) > 0;
 }
@@ -97,7 +107,7 @@ bool EarClipper::bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const {
 // it, and then the hiding point closest in angle to the ray is visible instead. Floating-point
 // rounding can only make this guess wrong near ties, so the guess is checked exactly, and when it
 // fails every point left of the hole is tried, nearest first.
-int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
+int32_t EarClipper::findBridge(int32_t outer, int32_t hole) {
     const Point2 m = point_[hole];
     double hitX = -std::numeric_limits<double>::infinity();
     int32_t hit = -1;
@@ -127,6 +137,7 @@ int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
     Point2 target{};
     if (hit >= 0) {
         target = point_[hit];
+        int32_t targetNode = hit;
         const Point2 crossing{hitX, m.y};
         const int turn = orientation(m, crossing, target);
         if (!onVertex && turn != 0) {
@@ -145,20 +156,25 @@ int32_t EarClipper::findBridge(int32_t outer, int32_t hole) const {
                     if (tan < bestTan || (tan == bestTan && v.x > target.x)) {
                         bestTan = tan;
                         target = v;
+                        targetNode = p;
                     }
                 }
                 p = next_[p];
             } while (p != outer);
         }
+        if (opensTowards(targetNode, m) && bridgeIsClear(outer, hole, targetNode))
+            return targetNode;
+        // Another copy of the target point (an end of an earlier bridge) may open towards the hole.
         p = outer;
         do {
-            if (point_[p] == target && opensTowards(p, m) && bridgeIsClear(outer, hole, p))
+            if (p != targetNode && point_[p] == target && opensTowards(p, m) && bridgeIsClear(outer, hole, p))
                 return p;
             p = next_[p];
         } while (p != outer);
     }
 
-    std::vector<std::pair<double, int32_t>> candidates;
+    std::vector<std::pair<double, int32_t>>& candidates = bridgeCandidates_;
+    candidates.clear();
     p = outer;
     do {
         const Point2 v = point_[p];
@@ -186,6 +202,9 @@ bool EarClipper::joinHole(int32_t outer, int32_t hole) {
     prev_[hole] = to;
     next_[holeCopy] = toCopy;
     prev_[toCopy] = holeCopy;
+    for (const int32_t node : {to, hole, toCopy, holeCopy})
+        turn_[node] =
+            static_cast<int8_t>(orientation(point_[prev_[node]], point_[node], point_[next_[node]]));
     return true;
 }
 
@@ -197,83 +216,37 @@ void EarClipper::buildGrid(int32_t start) {
         lo = {std::min(lo.x, p.x), std::min(lo.y, p.y)};
         hi = {std::max(hi.x, p.x), std::max(hi.y, p.y)};
     }
+    // About one reflex corner per cell: only they enter the grid.
+    const auto reflex = std::count_if(turn_.begin(), turn_.begin() + nodes_, [](int8_t t) { return t <= 0; });
     const double side = std::max(hi.x - lo.x, hi.y - lo.y);
-    const double perSide = std::ceil(std::sqrt(static_cast<double>(nodes_)));
-    cellSize_ = side > 0.0 && std::isfinite(side) ? side / perSide : 1.0;
+    const double perSide = std::ceil(std::sqrt(static_cast<double>(std::max<ptrdiff_t>(1, reflex))));
+    // Cells per unit: a product per lookup instead of a quotient.
+    cellScale_ = side > 0.0 && std::isfinite(side) ? perSide / side : 1.0;
     gridOrigin_ = lo;
-    columns_ = static_cast<int32_t>((hi.x - lo.x) / cellSize_) + 1;
-    rows_ = static_cast<int32_t>((hi.y - lo.y) / cellSize_) + 1;
+    columns_ = static_cast<int32_t>((hi.x - lo.x) * cellScale_) + 1;
+    rows_ = static_cast<int32_t>((hi.y - lo.y) * cellScale_) + 1;
     cellHead_.assign(static_cast<size_t>(columns_) * rows_, -1);
-    cellNext_.assign(static_cast<size_t>(nodes_), -1);
-    cellPrev_.assign(static_cast<size_t>(nodes_), -1);
+    cellNext_.resize(static_cast<size_t>(nodes_));
+    cellPrev_.resize(static_cast<size_t>(nodes_));
     for (int32_t node = 0; node < nodes_; ++node) {
-        int32_t& head = cellHead_[cellOf(point_[node])];
-        cellNext_[node] = head;
-        if (head >= 0)
-            cellPrev_[head] = node;
-        head = node;
+        reflexSlot_[node] = -1;
+        if (turn_[node] <= 0)
+            enterGrid(node);
     }
     gridded_ = true;
 }
 
-size_t EarClipper::cellOf(Point2 p) const {
-    const auto x = std::min(columns_ - 1, static_cast<int32_t>((p.x - gridOrigin_.x) / cellSize_));
-    const auto y = std::min(rows_ - 1, static_cast<int32_t>((p.y - gridOrigin_.y) / cellSize_));
-    return static_cast<size_t>(y) * columns_ + x;
+void EarClipper::enterGrid(int32_t node) {
+    int32_t& head = cellHead_[cellOf(point_[node])];
+    cellPrev_[node] = -1;
+    cellNext_[node] = head;
+    if (head >= 0)
+        cellPrev_[head] = node;
+    head = node;
+    reflexSlot_[node] = 0;
 }
 
-bool EarClipper::blocks(int32_t node, Point2 a, Point2 b, Point2 c) const {
-    const Point2 p = point_[node];
-    // Another copy of a corner (the two ends of a bridge) opens away from the ear.
-    if (p == a || p == b || p == c)
-        return false;
-    // The diagonal c-a first: points near an ear but outside it mostly lie beyond it.
-    return inClosedTriangle(c, a, b, p);
-}
-
-bool EarClipper::isEar(int32_t ear) const {
-    const int32_t prev = prev_[ear];
-    const int32_t next = next_[ear];
-    const Point2 a = point_[prev];
-    const Point2 b = point_[ear];
-    const Point2 c = point_[next];
-    if (orientation(a, b, c) <= 0)
-        return false;
-    const double minX = std::min({a.x, b.x, c.x});
-    const double maxX = std::max({a.x, b.x, c.x});
-    const double minY = std::min({a.y, b.y, c.y});
-    const double maxY = std::max({a.y, b.y, c.y});
-    auto outsideBox = [&](Point2 p) {
-        return p.x < minX || p.x > maxX || p.y < minY || p.y > maxY;
-    };
-    if (!gridded_) {
-        for (int32_t p = next_[next]; p != prev; p = next_[p]) {
-            if (!outsideBox(point_[p]) && blocks(p, a, b, c))
-                return false;
-        }
-        return true;
-    }
-    const auto x0 = static_cast<int32_t>((minX - gridOrigin_.x) / cellSize_);
-    const auto x1 = std::min(columns_ - 1, static_cast<int32_t>((maxX - gridOrigin_.x) / cellSize_));
-    const auto y0 = static_cast<int32_t>((minY - gridOrigin_.y) / cellSize_);
-    const auto y1 = std::min(rows_ - 1, static_cast<int32_t>((maxY - gridOrigin_.y) / cellSize_));
-    for (int32_t y = y0; y <= y1; ++y) {
-        for (int32_t x = x0; x <= x1; ++x) {
-            for (int32_t p = cellHead_[static_cast<size_t>(y) * columns_ + x]; p >= 0; p = cellNext_[p]) {
-                if (p != prev && p != ear && p != next && !outsideBox(point_[p]) && blocks(p, a, b, c))
-                    return false;
-            }
-        }
-    }
-    return true;
-}
-
-void EarClipper::unlink(int32_t node) {
-    next_[prev_[node]] = next_[node];
-    prev_[next_[node]] = prev_[node];
-    if (!gridded_)
-        return;
-    // Out of its cell too, so that searches never walk past clipped points.
+void EarClipper::leaveGrid(int32_t node) {
     const int32_t before = cellPrev_[node];
     const int32_t after = cellNext_[node];
     if (after >= 0)
@@ -283,6 +256,138 @@ void EarClipper::unlink(int32_t node) {
     } else {
         cellHead_[cellOf(point_[node])] = after;
     }
+    reflexSlot_[node] = -1;
+}
+
+size_t EarClipper::cellOf(Point2 p) const {
+    const auto x = std::min(columns_ - 1, static_cast<int32_t>((p.x - gridOrigin_.x) * cellScale_));
+    const auto y = std::min(rows_ - 1, static_cast<int32_t>((p.y - gridOrigin_.y) * cellScale_));
+    return static_cast<size_t>(y) * columns_ + x;
+}
+
+// Inline: every clipped ear updates its two neighbours.
+[[gnu::always_inline]] inline void EarClipper::classify(int32_t node) {
+    const int turn = orientation(point_[prev_[node]], point_[node], point_[next_[node]]);
+    turn_[node] = static_cast<int8_t>(turn);
+    const int32_t slot = reflexSlot_[node];
+    if ((turn <= 0) == (slot >= 0))
+        return;
+    if (gridded_) {
+        turn <= 0 ? enterGrid(node) : leaveGrid(node);
+        return;
+    }
+    if (turn <= 0) {
+        reflexSlot_[node] = reflexCount_;
+        reflexNode_[reflexCount_] = node;
+        reflexPoint_[reflexCount_++] = point_[node];
+        return;
+    }
+    reflexSlot_[node] = -1;
+    if (slot < sortedCount_) {
+        // A point that compares false with everything falls out of every ear's box.
+        constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
+        reflexPoint_[slot] = {kNowhere, kNowhere};
+        return;
+    }
+    const int32_t last = reflexNode_[--reflexCount_];
+    reflexNode_[slot] = last;
+    reflexPoint_[slot] = reflexPoint_[reflexCount_];
+    if (last != node)
+        reflexSlot_[last] = slot;
+}
+
+namespace {
+
+struct EarBox {
+    double minX, maxX, minY, maxY;
+
+    EarBox(Point2 a, Point2 b, Point2 c)
+        : minX(std::min({a.x, b.x, c.x}))
+        , maxX(std::max({a.x, b.x, c.x}))
+        , minY(std::min({a.y, b.y, c.y}))
+        , maxY(std::max({a.y, b.y, c.y})) {}
+
+    bool holds(Point2 p) const { return p.x >= minX && p.x <= maxX && p.y >= minY && p.y <= maxY; }
+};
+
+// Whether p keeps a-b-c from being an ear. Another copy of a corner (the two ends of a bridge)
+// opens away from the ear. The diagonal c-a is tested first: points near an ear but outside it
+// mostly lie beyond it.
+[[gnu::always_inline]] inline bool blocks(const EarBox& box, Point2 a, Point2 b, Point2 c, Point2 p) {
+    return box.holds(p) && p != a && p != b && p != c && inClosedTriangle(c, a, b, p);
+}
+
+} // namespace
+
+void EarClipper::listReflexCorners() {
+    reflexCount_ = 0;
+    for (int32_t node = 0; node < nodes_; ++node) {
+        reflexSlot_[node] = -1;
+        if (turn_[node] <= 0)
+            reflexNode_[reflexCount_++] = node;
+    }
+    sortedCount_ = 0;
+    if (reflexCount_ > kSortedCorners) {
+        std::sort(reflexNode_.begin(), reflexNode_.begin() + reflexCount_,
+                  [&](int32_t a, int32_t b) { return point_[a].x < point_[b].x; });
+        sortedCount_ = reflexCount_;
+    }
+    for (int32_t k = 0; k < reflexCount_; ++k) {
+        const int32_t node = reflexNode_[k];
+        reflexSlot_[node] = k;
+        reflexPoint_[k] = point_[node];
+        reflexX_[k] = point_[node].x;
+    }
+}
+
+bool EarClipper::gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const {
+    const EarBox box(a, b, c);
+    const auto x0 = static_cast<int32_t>((box.minX - gridOrigin_.x) * cellScale_);
+    const auto x1 = std::min(columns_ - 1, static_cast<int32_t>((box.maxX - gridOrigin_.x) * cellScale_));
+    const auto y0 = static_cast<int32_t>((box.minY - gridOrigin_.y) * cellScale_);
+    const auto y1 = std::min(rows_ - 1, static_cast<int32_t>((box.maxY - gridOrigin_.y) * cellScale_));
+    for (int32_t y = y0; y <= y1; ++y) {
+        for (int32_t x = x0; x <= x1; ++x) {
+            for (int32_t p = cellHead_[static_cast<size_t>(y) * columns_ + x]; p >= 0; p = cellNext_[p]) {
+                if (blocks(box, a, b, c, point_[p]))
+                    return true;
+            }
+        }
+    }
+    return false;
+}
+
+// Inline: it runs once or twice per triangle made, mostly on small faces.
+[[gnu::always_inline]] inline bool EarClipper::isEar(int32_t ear) const {
+    if (turn_[ear] <= 0)
+        return false;
+    const Point2 a = point_[prev_[ear]];
+    const Point2 b = point_[ear];
+    const Point2 c = point_[next_[ear]];
+    if (gridded_)
+        return !gridHoldsBlocker(a, b, c);
+    const EarBox box(a, b, c);
+    int32_t k = 0;
+    if (sortedCount_ > 0) {
+        const double* x = reflexX_.data();
+        for (k = static_cast<int32_t>(std::lower_bound(x, x + sortedCount_, box.minX) - x);
+             k < sortedCount_ && x[k] <= box.maxX; ++k) {
+            if (blocks(box, a, b, c, reflexPoint_[k]))
+                return false;
+        }
+        k = sortedCount_;
+    }
+    for (; k < reflexCount_; ++k) {
+        if (blocks(box, a, b, c, reflexPoint_[k]))
+            return false;
+    }
+    return true;
+}
+
+// An ear is strictly convex, so it is in no list of reflex corners and no cell of the grid.
+void EarClipper::unlink(int32_t node) {
+    next_[prev_[node]] = next_[node];
+    prev_[next_[node]] = prev_[node];
 }
 
 bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out) {
@@ -297,7 +402,7 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
     for (int32_t l = 1; l < face.loopCount(); ++l) {
         const int32_t first = nodes_;
         // Holes run clockwise, so that a bridge in and out of one keeps the joined loop consistent.
-        linkLoop(face, l, twiceSignedArea(face.loop(l)) > 0.0);
+        linkLoop(face, l, face.twiceArea[l] > 0.0);
         int32_t leftmost = first;
         for (int32_t n = first; n < nodes_; ++n) {
             const Point2 p = point_[n];
@@ -318,6 +423,8 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
 
     if (static_cast<size_t>(nodes_) > kGridThreshold)
         buildGrid(outer);
+    else
+        listReflexCorners();
     const size_t firstOut = out.size();
     int32_t remaining = nodes_;
     int32_t ear = outer;
@@ -328,6 +435,8 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
         if (isEar(ear)) {
             out.push_back({index_[prev], index_[ear], index_[next]});
             unlink(ear);
+            classify(prev);
+            classify(next);
             --remaining;
             ear = next;
             stop = next;
@@ -341,7 +450,7 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
     }
     const int32_t prev = prev_[ear];
     const int32_t next = next_[ear];
-    if (orientation(point_[prev], point_[ear], point_[next]) <= 0) {
+    if (turn_[ear] <= 0) {
         out.resize(firstOut);
         return false;
     }

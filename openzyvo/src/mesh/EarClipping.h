@@ -12,8 +12,10 @@ namespace oz::mesh {
 // first joined to the outer loop by bridges to a visible point, which makes one weakly simple
 // loop; an ear is then a strictly convex corner whose triangle holds no other point of the loop,
 // not even on its edges. A point on a straight run is therefore never cut off on its own: it
-// keeps a corner of a real triangle, and no triangle of zero area is ever made. Keep one per
-// thread and reuse it: it keeps its buffers.
+// keeps a corner of a real triangle, and no triangle of zero area is ever made. Only corners that
+// are not strictly convex are looked at as blockers: of the points inside a would-be ear, the one
+// furthest from its diagonal is always such a corner. Keep one per thread and reuse it: it keeps
+// its buffers.
 class EarClipper {
 public:
     // Appends the face's triangles to `out` as point indices of the face, counter-clockwise in
@@ -26,12 +28,16 @@ private:
     int32_t addNode(Point2 p, int32_t index, int32_t after);
     void linkLoop(const PlanarFace& face, int32_t loop, bool reverse);
     bool joinHole(int32_t outer, int32_t hole);
-    int32_t findBridge(int32_t outer, int32_t hole) const;
+    int32_t findBridge(int32_t outer, int32_t hole);
     bool bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const;
     bool opensTowards(int32_t node, Point2 target) const;
+    void classify(int32_t node);
     bool isEar(int32_t ear) const;
-    bool blocks(int32_t node, Point2 a, Point2 b, Point2 c) const;
+    bool gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const;
+    void listReflexCorners();
     void buildGrid(int32_t start);
+    void enterGrid(int32_t node);
+    void leaveGrid(int32_t node);
     size_t cellOf(Point2 p) const;
     void unlink(int32_t node);
 
@@ -42,13 +48,28 @@ private:
     std::vector<int32_t> index_;
     std::vector<int32_t> prev_;
     std::vector<int32_t> next_;
-    std::vector<std::pair<double, int32_t>> holes_; // leftmost x and node of each hole
+    std::vector<int8_t> turn_; // per node, the sign of its corner's turn while clipping
 
-    // Large faces find the points near an ear through a uniform grid of cells, each a list of the
-    // points in it that are not clipped yet.
+    // The corners that are not strictly convex, so that an ear test looks only at them; a
+    // clipped ear changes the corners of its two neighbours alone. Of the reflexCount_ entries
+    // the first sortedCount_ (all, or none for few corners) are in order of x as listed before
+    // clipping, and one of them that turns convex keeps its place with a point that lies nowhere;
+    // the others are packed.
+    int32_t reflexCount_ = 0;
+    int32_t sortedCount_ = 0;
+    std::vector<int32_t> reflexNode_;
+    std::vector<Point2> reflexPoint_;
+    std::vector<double> reflexX_;
+    std::vector<int32_t> reflexSlot_;                          // per node, its entry, or -1
+    std::vector<std::pair<double, int32_t>> holes_;            // leftmost x and node of each hole
+    std::vector<std::pair<double, int32_t>> bridgeCandidates_; // squared distance and node
+
+    // Large faces find the reflex corners near an ear through a uniform grid of cells, each a list
+    // of the reflex corners in it; there the list above is not kept, and a corner's entry is 0
+    // while it is in the grid.
     bool gridded_ = false;
     Point2 gridOrigin_;
-    double cellSize_ = 1.0;
+    double cellScale_ = 1.0;
     int32_t columns_ = 0;
     int32_t rows_ = 0;
     std::vector<int32_t> cellHead_;

@@ -53,7 +53,7 @@ bool edgesAreSimple(const PlanarFace& face) {
             const Point2 b = face.points[next];
             if (a == b)
                 return false;
-            if (orientation(a, b, face.points[after]) == 0 && doublesBack(a, b, face.points[after]))
+            if (face.turn[next] == 0 && doublesBack(a, b, face.points[after]))
                 return false;
             edges.push_back(
                 {std::min(a.x, b.x), std::max(a.x, b.x), std::min(a.y, b.y), std::max(a.y, b.y), i, next});
@@ -77,10 +77,10 @@ bool edgesAreSimple(const PlanarFace& face) {
 } // namespace
 
 bool loopsWellFormed(const PlanarFace& face) {
-    if (face.loopCount() < 1 || !(twiceSignedArea(face.loop(0)) > 0.0))
+    if (face.loopCount() < 1 || !(face.twiceArea[0] > 0.0))
         return false;
     for (int32_t l = 1; l < face.loopCount(); ++l) {
-        if (twiceSignedArea(face.loop(l)) == 0.0)
+        if (face.twiceArea[l] == 0.0)
             return false;
     }
     if (!edgesAreSimple(face))

@@ -44,39 +44,45 @@ bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t
         std::swap(u, v);
 
     const auto ids = faces.faceVertices(face);
-    out.points.clear();
-    out.source.clear();
+    // Sized once for every point and written by index: faces are laid flat by the thousand.
+    out.points.resize(ids.size());
+    out.source.resize(ids.size());
     out.loopStart.clear();
     const Point3 origin = points[ids[0]];
     double extent = 0.0;
     double offPlane = 0.0;
     bool usable = true;
     int32_t index = 0;
+    int32_t count = 0;
     for (int32_t l = 0; l < faces.faceLoopCount(face); ++l) {
         const auto loop = faces.loop(face, l);
-        const auto start = static_cast<int32_t>(out.points.size());
+        const int32_t start = count;
         out.loopStart.push_back(start);
+        Point3 last{};
         for (size_t i = 0; i < loop.size(); ++i, ++index) {
             const Point3 p = points[loop[i]];
-            if (i > 0 && p == points[loop[i - 1]])
+            if (i > 0 && p == last)
                 continue;
-            usable = usable && isFinite(p) && exactlyUsable(p.*u) && exactlyUsable(p.*v);
-            out.points.push_back({p.*u, p.*v});
-            out.source.push_back(index);
+            last = p;
+            usable &= isFinite(p) & exactlyUsable(p.*u) & exactlyUsable(p.*v);
+            out.points[count] = {p.*u, p.*v};
+            out.source[count++] = index;
             const Vector3 d = p - origin;
             extent = std::max({extent, std::abs(d.x), std::abs(d.y), std::abs(d.z)});
             offPlane = std::max(offPlane, std::abs(dot(d, normal)));
         }
-        while (static_cast<int32_t>(out.points.size()) > start + 1 &&
-               points[ids[out.source.back()]] == points[ids[out.source[start]]]) {
-            out.points.pop_back();
-            out.source.pop_back();
-        }
-        if (static_cast<int32_t>(out.points.size()) - start < 3)
+        while (count > start + 1 && points[ids[out.source[count - 1]]] == points[ids[out.source[start]]])
+            --count;
+        if (count - start < 3)
             return false;
     }
-    out.loopStart.push_back(static_cast<int32_t>(out.points.size()));
-    return usable && offPlane <= kPlaneTolerance * extent;
+    out.loopStart.push_back(count);
+    out.points.resize(count);
+    out.source.resize(count);
+    if (!usable || !(offPlane <= kPlaneTolerance * extent))
+        return false;
+    describeLoops(out);
+    return true;
 }
 
 double twiceSignedArea(std::span<const Point2> loop) {
@@ -88,6 +94,27 @@ double twiceSignedArea(std::span<const Point2> loop) {
         area += (a.x - origin.x) * (b.y - origin.y) - (b.x - origin.x) * (a.y - origin.y);
     }
     return area;
+}
+
+void describeLoops(PlanarFace& face) {
+    face.turn.resize(face.points.size());
+    face.twiceArea.resize(static_cast<size_t>(face.loopCount()));
+    for (int32_t l = 0; l < face.loopCount(); ++l) {
+        const std::span<const Point2> loop = face.loop(l);
+        const size_t n = loop.size();
+        int8_t* turn = face.turn.data() + face.loopStart[l];
+        // Fewer than three points bound nothing: no turn and no area, which no check accepts.
+        if (n < 3) {
+            std::fill_n(turn, n, int8_t{0});
+            face.twiceArea[l] = 0.0;
+            continue;
+        }
+        turn[0] = static_cast<int8_t>(orientation(loop[n - 1], loop[0], loop[1]));
+        for (size_t i = 1; i + 1 < n; ++i)
+            turn[i] = static_cast<int8_t>(orientation(loop[i - 1], loop[i], loop[i + 1]));
+        turn[n - 1] = static_cast<int8_t>(orientation(loop[n - 2], loop[n - 1], loop[0]));
+        face.twiceArea[l] = twiceSignedArea(loop);
+    }
 }
 
 } // namespace oz::mesh

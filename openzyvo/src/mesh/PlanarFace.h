@@ -15,11 +15,14 @@ namespace oz::mesh {
 // Dropping a coordinate, rather than rotating into the plane, keeps the coordinates exact, so
 // points on a line stay exactly on a line. Points keep the face's order: outer loop, then holes.
 // A point at the very position of the one before it in its loop is left out: such a zero-length
-// edge bounds nothing, and outlines repeat a point where they meet themselves.
+// edge bounds nothing, and outlines repeat a point where they meet themselves. Each corner's turn
+// and each loop's area are worked out once here, for the loop checks and the cutter alike.
 struct PlanarFace {
     std::vector<Point2> points;
     std::vector<int32_t> source;    // per point, its index among the face's vertices
     std::vector<int32_t> loopStart; // per loop its first point, plus the point count at the end
+    std::vector<int8_t> turn;       // per point, the exact turn of its loop there (see orientation)
+    std::vector<double> twiceArea;  // per loop, twice its signed area
 
     int32_t loopCount() const { return static_cast<int32_t>(loopStart.size()) - 1; }
     int32_t loopSize(int32_t loop) const { return loopStart[loop + 1] - loopStart[loop]; }
@@ -40,5 +43,8 @@ bool flattenFace(const FaceLoops& faces, std::span<const Point3> points, int32_t
 
 // Twice the signed area of a loop (positive when counter-clockwise).
 double twiceSignedArea(std::span<const Point2> loop);
+
+// Fills in `turn` and `twiceArea` of a face whose points and loops are set.
+void describeLoops(PlanarFace& face);
 
 } // namespace oz::mesh

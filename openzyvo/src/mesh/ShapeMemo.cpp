@@ -7,7 +7,7 @@ namespace oz::mesh {
 
 namespace {
 
-constexpr size_t kHashedPoints = 8;
+constexpr size_t kHashedPoints = 4;
 
 // a - b when the difference is exact, which is when no bits of it were rounded away.
 bool exactDifference(double a, double b, double& difference) {
@@ -20,6 +20,13 @@ bool exactDifference(double a, double b, double& difference) {
 uint64_t mix(uint64_t hash, uint64_t value) {
     hash ^= value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2);
     return hash;
+}
+
+// A slot holds the high half of its entry's hash as a tag and the entry's index plus one.
+constexpr uint64_t kTagBits = 0xffffffff00000000ULL;
+
+uint64_t slotFor(uint64_t hash, size_t entry) {
+    return (hash & kTagBits) | (static_cast<uint64_t>(entry) + 1);
 }
 
 uint64_t bitsOf(double value) {
@@ -95,7 +102,10 @@ std::span<const Triangle> ShapeMemo::find(const FaceLoops& faces, std::span<cons
         return {};
     const size_t mask = slots_.size() - 1;
     for (size_t s = hash & mask; slots_[s] != 0; s = (s + 1) & mask) {
-        Entry& entry = entries_[static_cast<size_t>(slots_[s]) - 1];
+        // A slot of another shape is told apart by its tag, without a look at its entry.
+        if (((slots_[s] ^ hash) & kTagBits) != 0)
+            continue;
+        Entry& entry = entries_[(slots_[s] & ~kTagBits) - 1];
         if (entry.hash == hash && exact(entry, faces, points) && sameOffsets(faces, points, entry.face, face))
             return std::span<const Triangle>(patterns_).subspan(entry.patternBegin, entry.patternCount);
     }
@@ -109,7 +119,7 @@ void ShapeMemo::grow() {
         size_t s = entries_[e].hash & mask;
         while (slots_[s] != 0)
             s = (s + 1) & mask;
-        slots_[s] = static_cast<int32_t>(e) + 1;
+        slots_[s] = slotFor(entries_[e].hash, e);
     }
 }
 
@@ -132,7 +142,7 @@ void ShapeMemo::store(int32_t face, uint64_t hash, std::span<const Triangle> pat
     size_t s = hash & mask;
     while (slots_[s] != 0)
         s = (s + 1) & mask;
-    slots_[s] = static_cast<int32_t>(entries_.size());
+    slots_[s] = slotFor(hash, entries_.size() - 1);
 }
 
 } // namespace oz::mesh

@@ -59,8 +59,9 @@ private:
 
     std::vector<Entry> entries_;
     std::vector<Triangle> patterns_;
-    // Open addressing over entries_: a slot holds an entry's index plus one, or 0 when free.
-    std::vector<int32_t> slots_;
+    // Open addressing over entries_: a slot holds a tag of its entry's hash and the entry's index
+    // plus one, or 0 when free.
+    std::vector<uint64_t> slots_;
 };
 
 } // namespace oz::mesh

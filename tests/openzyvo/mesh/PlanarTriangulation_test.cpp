@@ -163,20 +163,80 @@ TEST(PlanarTriangulation, CutsTurnWithTheFaceNormal) {
     EXPECT_EQ(countsOf(mesh).tessellated, 0);
 }
 
-TEST(PlanarTriangulation, LargeCombUsesTheGridAndStaysExact) {
-    // 400 teeth: many reflex corners, far beyond the size where the whole loop is scanned.
-    std::vector<Point3> outline{{0, 0, 0}, {801, 0, 0}, {801, 5, 0}};
-    for (int i = 399; i >= 0; --i) {
+// A comb with `teeth` teeth of uneven height, open at the bottom: two reflex corners per tooth.
+std::vector<Point3> comb(int teeth) {
+    std::vector<Point3> outline{{0, 0, 0}, {2.0 * teeth + 1, 0, 0}, {2.0 * teeth + 1, 5, 0}};
+    for (int i = teeth - 1; i >= 0; --i) {
         const double height = 5.0 + i % 3;
         outline.push_back({2.0 * i + 2, height, 0});
         outline.push_back({2.0 * i + 1, height, 0});
         outline.push_back({2.0 * i + 1, 1, 0});
         outline.push_back({2.0 * i, 1, 0});
     }
+    return outline;
+}
+
+TEST(PlanarTriangulation, LargeCombUsesTheGridAndStaysExact) {
+    // 400 teeth: many reflex corners, far beyond the size where the whole loop is scanned.
     Mesh mesh;
-    addFace(mesh, {outline, reversed(square(400, 0.2, 0.5)), reversed(square(10, 0.2, 0.5))});
+    addFace(mesh, {comb(400), reversed(square(400, 0.2, 0.5)), reversed(square(10, 0.2, 0.5))});
     expectExactCuts(mesh);
     EXPECT_EQ(countsOf(mesh).planar, 1);
+}
+
+// A square spiral path of `turns` turns drawn one unit wide, its arms two units apart: its
+// reflex corners all face ears on the other wall, and most corners are tried as ears many times
+// before they can be cut.
+std::vector<Point3> spiral(int turns) {
+    std::vector<Point3> path{{0, 0, 0}};
+    const double dx[4] = {1, 0, -1, 0};
+    const double dy[4] = {0, 1, 0, -1};
+    for (int k = 0; k < 4 * turns; ++k) {
+        const double length = 2.0 * (k + 1);
+        path.push_back(path.back() + Point3{dx[k % 4] * length, dy[k % 4] * length, 0});
+    }
+    // Each wall point is its path point moved half a unit along the left normals of the segments
+    // it joins, which for square turns is the exact corner of the wall.
+    auto leftOf = [&](size_t k) {
+        Point3 offset{};
+        for (const size_t segment : {k - 1, k}) {
+            if (segment < path.size() - 1)
+                offset = offset + Point3{-dy[segment % 4] * 0.5, dx[segment % 4] * 0.5, 0};
+        }
+        return offset;
+    };
+    std::vector<Point3> loop;
+    for (size_t k = 0; k < path.size(); ++k)
+        loop.push_back(path[k] - leftOf(k));
+    for (size_t k = path.size(); k-- > 0;)
+        loop.push_back(path[k] + leftOf(k));
+    return loop;
+}
+
+// Faces from a few points to a few hundred, each with a hole: the clipper looks for the corners
+// near an ear in a plain list, in a list sorted by x, or in a grid, by the number of points and
+// reflex corners; each way must cut exactly and never fall back to the sweep.
+TEST(PlanarTriangulation, FacesOfEverySizeAreCutExactly) {
+    Mesh mesh;
+    for (int teeth = 1; teeth <= 40; teeth += 3)
+        addFace(mesh, {comb(teeth), reversed(square(teeth, 0.2, 0.5))});
+    for (int segments = 6; segments <= 160; segments += 11)
+        addFace(mesh, {circle(0, 0, 10, segments), circle(1, 0, 3, segments / 2, true), square(-6, -1, 2)});
+    expectExactCuts(mesh);
+    const TriangulationCounts counts = countsOf(mesh);
+    EXPECT_EQ(counts.tessellated, 0);
+    EXPECT_EQ(counts.planar + counts.memo, mesh.faceCount());
+}
+
+TEST(PlanarTriangulation, SpiralsAreCutExactly) {
+    Mesh mesh;
+    for (const int turns : {1, 2, 4, 9, 20}) {
+        const std::vector<Point3> loop = spiral(turns);
+        ASSERT_GT(signedArea(loop), 0.0);
+        addFace(mesh, {loop});
+    }
+    expectExactCuts(mesh);
+    EXPECT_EQ(countsOf(mesh).tessellated, 0);
 }
 
 TEST(ShapeMemo, TranslatedCopiesReuseTheCut) {
@@ -273,6 +333,7 @@ TEST(EarClipper, ReusedClipperCutsEachFaceAfresh) {
                 face.points.push_back({p.x, p.y});
         }
         face.loopStart.push_back(static_cast<int32_t>(face.points.size()));
+        describeLoops(face);
         return face;
     };
     const PlanarFace large =
