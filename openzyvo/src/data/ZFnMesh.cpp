@@ -25,8 +25,8 @@ template <class Points> void convertPoints(const Points& points, std::span<Point
                       });
 }
 
-template <class Points> std::vector<Point3> kernelPoints(const Points& points) {
-    std::vector<Point3> out(points.length());
+template <class Points> oz::mesh::PointArray kernelPoints(const Points& points) {
+    oz::mesh::PointArray out(points.length());
     convertPoints(points, out);
     return out;
 }

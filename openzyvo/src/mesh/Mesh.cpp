@@ -24,7 +24,7 @@ Status Mesh::fillPoints(size_t count, const std::function<void(std::span<Point3>
     if (count != points_.read().size())
         return Status::SizeMismatch;
     // Every point is overwritten, so points still shared with a copy are not copied first.
-    fill(points_.overwrite([count] { return std::vector<Point3>(count); }));
+    fill(points_.overwrite([count] { return PointArray(count); }));
     pointsMoved();
     return Status::Success;
 }

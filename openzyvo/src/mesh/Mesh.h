@@ -6,6 +6,7 @@
 #include "mesh/FaceLoops.h"
 #include "mesh/FaceTriangulation.h"
 #include "mesh/HoleList.h"
+#include "mesh/PointArray.h"
 #include "mesh/RayIntersection.h"
 #include "mesh/Shared.h"
 #include "mesh/Status.h"
@@ -49,7 +50,7 @@ public:
     Status create(std::span<const Point3> points, std::span<const int32_t> faceCounts,
                   std::span<const int32_t> faceConnects);
     // The same, taking over `points` instead of copying them.
-    Status create(std::vector<Point3>&& points, std::span<const int32_t> faceCounts,
+    Status create(PointArray&& points, std::span<const int32_t> faceCounts,
                   std::span<const int32_t> faceConnects);
 
     // Appends a face from `points`: the first loopCounts[0] points are its outer loop, the next
@@ -176,7 +177,7 @@ private:
         std::vector<uint8_t> set;
     };
 
-    Shared<std::vector<Point3>> points_;
+    Shared<PointArray> points_;
     Shared<FaceLoops> faces_;
     bool normalsSet_ = false;
     Shared<std::vector<Vector3>> normals_; // once set, per face-vertex in the faces' pool order

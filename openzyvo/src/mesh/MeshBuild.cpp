@@ -40,10 +40,10 @@ AddScratch& addScratch() {
 
 Status Mesh::create(std::span<const Point3> points, std::span<const int32_t> faceCounts,
                     std::span<const int32_t> faceConnects) {
-    return create(std::vector<Point3>(points.begin(), points.end()), faceCounts, faceConnects);
+    return create(PointArray(points.begin(), points.end()), faceCounts, faceConnects);
 }
 
-Status Mesh::create(std::vector<Point3>&& points, std::span<const int32_t> faceCounts,
+Status Mesh::create(PointArray&& points, std::span<const int32_t> faceCounts,
                     std::span<const int32_t> faceConnects) {
     if (static_cast<int64_t>(points.size()) > kMaxIds || static_cast<int64_t>(faceConnects.size()) > kMaxIds)
         return Status::TooLarge;
@@ -127,7 +127,7 @@ Status Mesh::resolveVertices(std::span<const Point3> points, std::span<const int
 }
 
 void Mesh::appendPoints(std::span<const Point3> added) {
-    std::vector<Point3>& points = points_.write();
+    PointArray& points = points_.write();
     points.insert(points.end(), added.begin(), added.end());
     if (hasVertexColors()) {
         VertexColors& colors = colors_.write();
