@@ -1,6 +1,7 @@
 #include "graph/NodeType.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace oz {
 
@@ -54,7 +55,7 @@ ZStatus NodeType::addRoot(const std::shared_ptr<Attribute>& attribute) {
     });
     m_targets.clear();
     m_sources.clear();
-    ++m_targetsVersion;
+    m_targetsVersion = nextTargetsVersion();
     return ZStatus::kSuccess;
 }
 
@@ -68,7 +69,7 @@ ZStatus NodeType::addAffects(const Attribute* whenChanges, const Attribute* isAf
     }
     m_targets.clear();
     m_sources.clear();
-    ++m_targetsVersion;
+    m_targetsVersion = nextTargetsVersion();
     return ZStatus::kSuccess;
 }
 
@@ -104,8 +105,13 @@ ZStatus NodeType::inherit(const NodeType& parent) {
         lineage.push_back(parent.name);
     m_targets.clear();
     m_sources.clear();
-    ++m_targetsVersion;
+    m_targetsVersion = nextTargetsVersion();
     return ZStatus::kSuccess;
+}
+
+std::uint64_t NodeType::nextTargetsVersion() {
+    static std::atomic<std::uint64_t> next{1};
+    return next++;
 }
 
 const std::vector<const Attribute*>& NodeType::dirtyTargets(const Attribute* attribute) const {

@@ -63,8 +63,11 @@ public:
 private:
     mutable std::unordered_map<const Attribute*, std::vector<const Attribute*>> m_targets;
     mutable std::unordered_map<const Attribute*, std::vector<const Attribute*>> m_sources;
-    // Counts changes of the affects relations, which empty m_targets.
-    std::uint64_t m_targetsVersion = 1;
+    // Changes with the affects relations, which empty m_targets. Drawn from one counter for all
+    // types: attributes shared between types cache their targets by type and version, and a type
+    // freed with its plug-in may be followed by another at the same address.
+    static std::uint64_t nextTargetsVersion();
+    std::uint64_t m_targetsVersion = nextTargetsVersion();
 };
 
 } // namespace oz

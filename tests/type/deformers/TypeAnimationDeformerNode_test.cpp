@@ -72,6 +72,19 @@ TEST_F(ShellDeformerNode, HasItsAttributesInOrder) {
     EXPECT_EQ(created, expected);
 }
 
+// A node type freed with its plug-in and another made at the same address must not share what the
+// graph cached about the attributes their deformer base gives both.
+TEST_F(ShellDeformerNode, ADeformerMadeAfterThePluginIsLoadedAgainConnectsAndMoves) {
+    for (int reload = 0; reload < 3; ++reload) {
+        TearDown();
+        SetUp();
+    }
+    ASSERT_TRUE(run("currentTime 5"));
+    const std::vector<double> risen = rises();
+    ASSERT_FALSE(risen.empty());
+    EXPECT_GT(risen.front(), 0.0);
+}
+
 TEST_F(ShellDeformerNode, TimingSwitchPrintsTheSetupAndElementTimesOfEveryFrame) {
     ::setenv("TYPE_DEFORMER_TIMING", "1", 1);
     wire("shellDeformer", "shellDeformer2");
