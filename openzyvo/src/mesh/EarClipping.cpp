@@ -56,7 +56,7 @@ void EarClipper::linkLoop(const PlanarFace& face, int32_t loop, bool reverse) {
         const int32_t node = first + k;
         point_[node] = face.points[i];
         index_[node] = i;
-        turn_[node] = static_cast<int8_t>(reverse ? -face.turn[i] : face.turn[i]);
+        turn_[node] = reverse ? -face.turn[i] : face.turn[i];
         prev_[node] = k == 0 ? first + size - 1 : node - 1;
         next_[node] = k == size - 1 ? first : node + 1;
     }
@@ -83,8 +83,8 @@ bool EarClipper::bridgeIsClear(int32_t outer, int32_t hole, int32_t to) const {
         const Point2 a = point_[p];
         const Point2 b = point_[next_[p]];
         // An edge apart from the bridge's box can neither touch it nor run along it.
-        const bool apart = std::max(a.x, b.x) < lowX || std::min(a.x, b.x) > highX ||
-                           std::max(a.y, b.y) < lowY || std::min(a.y, b.y) > highY;
+        const bool apart = (std::max(a.x, b.x) < lowX) | (std::min(a.x, b.x) > highX) |
+                           (std::max(a.y, b.y) < lowY) | (std::min(a.y, b.y) > highY);
         if (apart) {
             p = next_[p];
             continue;
@@ -149,7 +149,8 @@ int32_t EarClipper::findBridge(int32_t outer, int32_t hole) {
             do {
                 const Point2 v = point_[p];
                 // The target itself would only fall to the slow exact test, and change nothing.
-                const bool inBox = v != target && v.x < m.x && v.x >= lowX && v.y >= lowY && v.y <= highY;
+                const bool inBox =
+                    (v != target) & (v.x < m.x) & (v.x >= lowX) & (v.y >= lowY) & (v.y <= highY);
                 if (inBox && (turn > 0 ? inClosedTriangle(m, crossing, target, v)
                                        : inClosedTriangle(m, target, crossing, v))) {
                     const double tan = std::abs(v.y - m.y) / (m.x - v.x);
@@ -217,7 +218,8 @@ void EarClipper::buildGrid(int32_t start) {
         hi = {std::max(hi.x, p.x), std::max(hi.y, p.y)};
     }
     // About one reflex corner per cell: only they enter the grid.
-    const auto reflex = std::count_if(turn_.begin(), turn_.begin() + nodes_, [](int8_t t) { return t <= 0; });
+    const auto reflex =
+        std::count_if(turn_.begin(), turn_.begin() + nodes_, [](int32_t t) { return t <= 0; });
     const double side = std::max(hi.x - lo.x, hi.y - lo.y);
     const double perSide = std::ceil(std::sqrt(static_cast<double>(std::max<ptrdiff_t>(1, reflex))));
     // Cells per unit: a product per lookup instead of a quotient.
@@ -268,7 +270,7 @@ size_t EarClipper::cellOf(Point2 p) const {
 // Inline: every clipped ear updates its two neighbours.
 [[gnu::always_inline]] inline void EarClipper::classify(int32_t node) {
     const int turn = orientation(point_[prev_[node]], point_[node], point_[next_[node]]);
-    turn_[node] = static_cast<int8_t>(turn);
+    turn_[node] = turn;
     const int32_t slot = reflexSlot_[node];
     if ((turn <= 0) == (slot >= 0))
         return;
@@ -307,14 +309,15 @@ struct EarBox {
         , minY(std::min({a.y, b.y, c.y}))
         , maxY(std::max({a.y, b.y, c.y})) {}
 
-    bool holds(Point2 p) const { return p.x >= minX && p.x <= maxX && p.y >= minY && p.y <= maxY; }
+    // Bitwise, not short-circuit: one hard-to-predict branch instead of four.
+    bool holds(Point2 p) const { return (p.x >= minX) & (p.x <= maxX) & (p.y >= minY) & (p.y <= maxY); }
 };
 
 // Whether p keeps a-b-c from being an ear. Another copy of a corner (the two ends of a bridge)
 // opens away from the ear. The diagonal c-a is tested first: points near an ear but outside it
 // mostly lie beyond it.
 [[gnu::always_inline]] inline bool blocks(const EarBox& box, Point2 a, Point2 b, Point2 c, Point2 p) {
-    return box.holds(p) && p != a && p != b && p != c && inClosedTriangle(c, a, b, p);
+    return box.holds(p) && ((p != a) & (p != b) & (p != c)) && inClosedTriangle(c, a, b, p);
 }
 
 } // namespace

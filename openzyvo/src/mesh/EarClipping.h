@@ -48,7 +48,7 @@ private:
     std::vector<int32_t> index_;
     std::vector<int32_t> prev_;
     std::vector<int32_t> next_;
-    std::vector<int8_t> turn_; // per node, the sign of its corner's turn while clipping
+    std::vector<int32_t> turn_; // per node, the sign of its corner's turn while clipping
 
     // The corners that are not strictly convex, so that an ear test looks only at them; a
     // clipped ear changes the corners of its two neighbours alone. Of the reflexCount_ entries
