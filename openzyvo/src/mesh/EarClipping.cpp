@@ -1,6 +1,7 @@
 #include "mesh/EarClipping.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -8,10 +9,13 @@ namespace oz::mesh {
 
 namespace {
 
-// Below this many points a scan of the whole loop is cheaper than building the grid.
-constexpr size_t kGridThreshold = 64;
-// Above this many reflex corners an ear looks up the ones level with it in a list sorted by x.
-constexpr int32_t kSortedCorners = 16;
+// Up to this many nodes (one bit each in a word) an ear scans every reflex corner; more build the
+// grid.
+constexpr int32_t kMaskedNodes = 64;
+
+constexpr uint64_t bit(int32_t node) {
+    return uint64_t{1} << node;
+}
 
 [[gnu::always_inline]] inline bool inClosedTriangle(Point2 a, Point2 b, Point2 c, Point2 p) {
     return orientation(a, b, p) >= 0 && orientation(b, c, p) >= 0 && orientation(c, a, p) >= 0;
@@ -27,12 +31,7 @@ void EarClipper::reserveNodes(size_t count) {
     prev_.resize(count);
     next_.resize(count);
     turn_.resize(count);
-    // A corner that turns reflex while clipping is listed anew; a clip turns at most its two
-    // neighbours.
-    reflexNode_.resize(3 * count);
-    reflexPoint_.resize(3 * count);
-    reflexX_.resize(count);
-    reflexSlot_.resize(count);
+    inGrid_.resize(count);
 }
 
 int32_t EarClipper::addNode(Point2 p, int32_t index, int32_t after) {
@@ -231,7 +230,7 @@ void EarClipper::buildGrid(int32_t start) {
     cellNext_.resize(static_cast<size_t>(nodes_));
     cellPrev_.resize(static_cast<size_t>(nodes_));
     for (int32_t node = 0; node < nodes_; ++node) {
-        reflexSlot_[node] = -1;
+        inGrid_[node] = false;
         if (turn_[node] <= 0)
             enterGrid(node);
     }
@@ -245,7 +244,7 @@ void EarClipper::enterGrid(int32_t node) {
     if (head >= 0)
         cellPrev_[head] = node;
     head = node;
-    reflexSlot_[node] = 0;
+    inGrid_[node] = true;
 }
 
 void EarClipper::leaveGrid(int32_t node) {
@@ -258,7 +257,7 @@ void EarClipper::leaveGrid(int32_t node) {
     } else {
         cellHead_[cellOf(point_[node])] = after;
     }
-    reflexSlot_[node] = -1;
+    inGrid_[node] = false;
 }
 
 size_t EarClipper::cellOf(Point2 p) const {
@@ -271,31 +270,12 @@ size_t EarClipper::cellOf(Point2 p) const {
 [[gnu::always_inline]] inline void EarClipper::classify(int32_t node) {
     const int turn = orientation(point_[prev_[node]], point_[node], point_[next_[node]]);
     turn_[node] = turn;
-    const int32_t slot = reflexSlot_[node];
-    if ((turn <= 0) == (slot >= 0))
+    if (!gridded_) {
+        reflexMask_ = turn <= 0 ? reflexMask_ | bit(node) : reflexMask_ & ~bit(node);
         return;
-    if (gridded_) {
+    }
+    if ((turn <= 0) != inGrid_[node])
         turn <= 0 ? enterGrid(node) : leaveGrid(node);
-        return;
-    }
-    if (turn <= 0) {
-        reflexSlot_[node] = reflexCount_;
-        reflexNode_[reflexCount_] = node;
-        reflexPoint_[reflexCount_++] = point_[node];
-        return;
-    }
-    reflexSlot_[node] = -1;
-    if (slot < sortedCount_) {
-        // A point that compares false with everything falls out of every ear's box.
-        constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
-        reflexPoint_[slot] = {kNowhere, kNowhere};
-        return;
-    }
-    const int32_t last = reflexNode_[--reflexCount_];
-    reflexNode_[slot] = last;
-    reflexPoint_[slot] = reflexPoint_[reflexCount_];
-    if (last != node)
-        reflexSlot_[last] = slot;
 }
 
 namespace {
@@ -322,24 +302,11 @@ struct EarBox {
 
 } // namespace
 
-void EarClipper::listReflexCorners() {
-    reflexCount_ = 0;
+void EarClipper::maskReflexCorners() {
+    reflexMask_ = 0;
     for (int32_t node = 0; node < nodes_; ++node) {
-        reflexSlot_[node] = -1;
         if (turn_[node] <= 0)
-            reflexNode_[reflexCount_++] = node;
-    }
-    sortedCount_ = 0;
-    if (reflexCount_ > kSortedCorners) {
-        std::sort(reflexNode_.begin(), reflexNode_.begin() + reflexCount_,
-                  [&](int32_t a, int32_t b) { return point_[a].x < point_[b].x; });
-        sortedCount_ = reflexCount_;
-    }
-    for (int32_t k = 0; k < reflexCount_; ++k) {
-        const int32_t node = reflexNode_[k];
-        reflexSlot_[node] = k;
-        reflexPoint_[k] = point_[node];
-        reflexX_[k] = point_[node].x;
+            reflexMask_ |= bit(node);
     }
 }
 
@@ -370,18 +337,9 @@ bool EarClipper::gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const {
     if (gridded_)
         return !gridHoldsBlocker(a, b, c);
     const EarBox box(a, b, c);
-    int32_t k = 0;
-    if (sortedCount_ > 0) {
-        const double* x = reflexX_.data();
-        for (k = static_cast<int32_t>(std::lower_bound(x, x + sortedCount_, box.minX) - x);
-             k < sortedCount_ && x[k] <= box.maxX; ++k) {
-            if (blocks(box, a, b, c, reflexPoint_[k]))
-                return false;
-        }
-        k = sortedCount_;
-    }
-    for (; k < reflexCount_; ++k) {
-        if (blocks(box, a, b, c, reflexPoint_[k]))
+    // The ear's own neighbours are corners of it, not blockers.
+    for (uint64_t m = reflexMask_ & ~(bit(prev_[ear]) | bit(next_[ear])); m != 0; m &= m - 1) {
+        if (blocks(box, a, b, c, point_[std::countr_zero(m)]))
             return false;
     }
     return true;
@@ -424,10 +382,10 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
             return false;
     }
 
-    if (static_cast<size_t>(nodes_) > kGridThreshold)
+    if (nodes_ > kMaskedNodes)
         buildGrid(outer);
     else
-        listReflexCorners();
+        maskReflexCorners();
     const size_t firstOut = out.size();
     int32_t remaining = nodes_;
     int32_t ear = outer;

@@ -34,7 +34,7 @@ private:
     void classify(int32_t node);
     bool isEar(int32_t ear) const;
     bool gridHoldsBlocker(Point2 a, Point2 b, Point2 c) const;
-    void listReflexCorners();
+    void maskReflexCorners();
     void buildGrid(int32_t start);
     void enterGrid(int32_t node);
     void leaveGrid(int32_t node);
@@ -51,22 +51,14 @@ private:
     std::vector<int32_t> turn_; // per node, the sign of its corner's turn while clipping
 
     // The corners that are not strictly convex, so that an ear test looks only at them; a
-    // clipped ear changes the corners of its two neighbours alone. Of the reflexCount_ entries
-    // the first sortedCount_ (all, or none for few corners) are in order of x as listed before
-    // clipping, and one of them that turns convex keeps its place with a point that lies nowhere;
-    // the others are packed.
-    int32_t reflexCount_ = 0;
-    int32_t sortedCount_ = 0;
-    std::vector<int32_t> reflexNode_;
-    std::vector<Point2> reflexPoint_;
-    std::vector<double> reflexX_;
-    std::vector<int32_t> reflexSlot_;                          // per node, its entry, or -1
+    // clipped ear changes the corners of its two neighbours alone. Small faces keep them as one
+    // bit per node.
+    uint64_t reflexMask_ = 0;
     std::vector<std::pair<double, int32_t>> holes_;            // leftmost x and node of each hole
     std::vector<std::pair<double, int32_t>> bridgeCandidates_; // squared distance and node
 
     // Large faces find the reflex corners near an ear through a uniform grid of cells, each a list
-    // of the reflex corners in it; there the list above is not kept, and a corner's entry is 0
-    // while it is in the grid.
+    // of the reflex corners in it.
     bool gridded_ = false;
     Point2 gridOrigin_;
     double cellScale_ = 1.0;
@@ -75,6 +67,7 @@ private:
     std::vector<int32_t> cellHead_;
     std::vector<int32_t> cellNext_;
     std::vector<int32_t> cellPrev_;
+    std::vector<bool> inGrid_;
 };
 
 } // namespace oz::mesh
