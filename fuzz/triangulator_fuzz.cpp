@@ -1,6 +1,7 @@
 // Random holed faces, rich in collinear, nearly collinear and nearly touching points: every face
-// the loop checks accept must be cut exactly (by ear clipping or from the shape memo), covering
-// what the GLU sweep covers, and only faces they reject may reach the sweep.
+// the loop checks accept must be cut exactly (by ear clipping, from the shape memo or from a
+// library of earlier cuts), covering what the GLU sweep covers, and only faces they reject may
+// reach the sweep.
 #include "../tests/openzyvo/mesh/CutChecks.h"
 #include "mesh/FaceTriangulation.h"
 #include "mesh/GluTessellator.h"
@@ -8,6 +9,7 @@
 #include "mesh/Mesh.h"
 #include "mesh/Normals.h"
 #include "mesh/PlanarFace.h"
+#include "mesh/ShapeLibrary.h"
 #include "mesh/ShapeMemo.h"
 
 #include <cmath>
@@ -87,6 +89,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const size_t nudged = 2 * points.size() + bytes.next() % points.size();
     copies[nudged].y = std::nextafter(copies[nudged].y, 1e9);
 
+    // The face is cut once on its own first, as an earlier edit would, and its cut kept in a
+    // library: the exact translates take it from there, the nudged copy must not.
+    Mesh alone;
     Mesh mesh;
     for (int copy = 0; copy < 3; ++copy) {
         int32_t face = -1;
@@ -94,7 +99,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                             0.0, face) != Status::Success)
             return 0;
     }
-    const Triangulation cut = triangulateFaces(mesh.faces(), mesh.points());
+    int32_t first = -1;
+    alone.addPolygon(points, counts, false, 0.0, first);
+    ShapeLibrary library(1 << 12);
+    triangulateFaces(alone.faces(), alone.points(), &library);
+    const Triangulation cut = triangulateFaces(mesh.faces(), mesh.points(), &library);
     int32_t rejected = 0;
     PlanarFace planar;
     for (int32_t f = 0; f < mesh.faceCount(); ++f) {

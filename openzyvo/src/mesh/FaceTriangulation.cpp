@@ -66,11 +66,12 @@ struct Worker {
     std::vector<Triangle> triangles;
     std::vector<BlockRun> runs;
     TriangulationCounts counts;
+    ShapeLibrary* library = nullptr;
 
     void reserve(const FaceLoops& faces);
     void cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
-    bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
-                   uint64_t hash);
+    // Cuts a planar face into `local`, as point indices within the face.
+    bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal);
 };
 
 // Room for twice a fair share of the pass's triangles (a cut face of n points and h holes has
@@ -88,17 +89,12 @@ void Worker::reserve(const FaceLoops& faces) {
     runs.reserve(share(static_cast<size_t>(faces.faceCount() / kBlockFaces + 1)));
 }
 
-bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal,
-                       uint64_t hash) {
-    local.clear();
+bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal) {
     if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
         !clipper.triangulate(planar, local))
         return false;
     for (auto& [a, b, c] : local)
         std::tie(a, b, c) = std::tuple(planar.source[a], planar.source[b], planar.source[c]);
-    appendPattern(faces.faceVertices(face), local, triangles);
-    memo.store(face, hash, local);
-    ++counts.planar;
     return true;
 }
 
@@ -122,21 +118,31 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
         ++counts.memo;
         return;
     }
-    const Vector3 normal = faceNormal(faces, points, face);
-    if (normal != Vector3{} && cutPlanar(faces, points, face, normal, hash))
-        return;
-    // Crossing loops come from repeated glyphs too (a bevel folding at the same corner of every
-    // copy), so the sweep's pattern is kept for their copies like a planar cut.
     local.clear();
-    tessellator.tessellate(faces, points, face, normal, local);
+    ShapeLibrary::Cut how = ShapeLibrary::Cut::Planar;
+    if (library && library->find(faces, points, face, hash, local, how)) {
+        ++counts.reused;
+    } else {
+        const Vector3 normal = faceNormal(faces, points, face);
+        if (normal == Vector3{} || !cutPlanar(faces, points, face, normal)) {
+            // Crossing loops come from repeated glyphs too (a bevel folding at the same corner of
+            // every copy), so the sweep's pattern is kept for their copies like a planar cut.
+            local.clear();
+            tessellator.tessellate(faces, points, face, normal, local);
+            how = ShapeLibrary::Cut::Tessellated;
+        }
+        if (library)
+            library->keep(faces, points, face, hash, local, how);
+    }
+    ++(how == ShapeLibrary::Cut::Planar ? counts.planar : counts.tessellated);
     appendPattern(faces.faceVertices(face), local, triangles);
     memo.store(face, hash, local);
-    ++counts.tessellated;
 }
 
 } // namespace
 
-Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points) {
+Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points,
+                               ShapeLibrary* library) {
     const int32_t faceCount = faces.faceCount();
     Triangulation result;
     // Each face's triangle count lands at its own entry, then the counts become starts.
@@ -145,10 +151,12 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
     const int32_t blocks = (faceCount + kBlockFaces - 1) / kBlockFaces;
     tbb::parallel_for(
         tbb::blocked_range<int32_t>(0, blocks, 1), [&](const tbb::blocked_range<int32_t>& range) {
-            bool fresh = false;
-            Worker& w = workers.local(fresh);
-            if (fresh)
+            bool existed = false;
+            Worker& w = workers.local(existed);
+            if (!existed) {
                 w.reserve(faces);
+                w.library = library;
+            }
             for (int32_t block = range.begin(); block != range.end(); ++block) {
                 const int32_t first = block * kBlockFaces;
                 const int32_t end = std::min(faceCount, first + kBlockFaces);

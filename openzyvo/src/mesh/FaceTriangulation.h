@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mesh/FaceLoops.h"
+#include "mesh/ShapeLibrary.h"
 #include "mesh/Triangle.h"
 #include "mesh/Vec3.h"
 
@@ -18,12 +19,15 @@ struct TriangulationCounts {
     int32_t planar = 0;      // cut by ear clipping
     int32_t memo = 0;        // translated copies of a face cut earlier in the same pass
     int32_t tessellated = 0; // by the GLU sweep
+    // Of the planar and tessellated faces, those whose cut an earlier pass made (see ShapeLibrary).
+    int32_t reused = 0;
 
     TriangulationCounts& operator+=(const TriangulationCounts& o) {
         simple += o.simple;
         planar += o.planar;
         memo += o.memo;
         tessellated += o.tessellated;
+        reused += o.reused;
         return *this;
     }
 };
@@ -48,8 +52,10 @@ struct Triangulation {
 // face whose loops are simple and properly nested is cut by ear clipping, with no triangle of
 // zero area; translated copies of a face reuse its cut. Anything else goes to the GLU sweep. A
 // face that cannot be cut at all (all points on a line, a non-finite coordinate) gets no
-// triangles; nothing here fails or throws on bad geometry.
-Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points);
+// triangles; nothing here fails or throws on bad geometry. With a library, exact translates of
+// faces cut in earlier passes take those cuts, and the faces cut here are kept there.
+Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points,
+                               ShapeLibrary* library = nullptr);
 
 // Sum of the areas of `triangles`.
 double triangleArea(std::span<const Triangle> triangles, std::span<const Point3> points);

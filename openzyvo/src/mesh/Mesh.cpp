@@ -49,8 +49,9 @@ std::shared_ptr<const Topology> Mesh::topology() const {
 }
 
 std::shared_ptr<const Triangulation> Mesh::triangulation() const {
-    return triangulation_.get(topologyVersion_,
-                              [&] { return triangulateFaces(faces_.read(), points_.read()); });
+    return triangulation_.get(topologyVersion_, [&] {
+        return triangulateFaces(faces_.read(), points_.read(), &sharedShapeLibrary());
+    });
 }
 
 std::shared_ptr<const std::vector<BoundingBox>> Mesh::faceBounds() const {

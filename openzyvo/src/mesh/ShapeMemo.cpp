@@ -9,14 +9,6 @@ namespace {
 
 constexpr size_t kHashedPoints = 4;
 
-// a - b when the difference is exact, which is when no bits of it were rounded away.
-bool exactDifference(double a, double b, double& difference) {
-    difference = a - b;
-    const double bVirtual = a - difference;
-    const double aVirtual = difference + bVirtual;
-    return (a - aVirtual) + (bVirtual - b) == 0.0;
-}
-
 uint64_t mix(uint64_t hash, uint64_t value) {
     hash ^= value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2);
     return hash;
@@ -35,6 +27,13 @@ uint64_t bitsOf(double value) {
 }
 
 } // namespace
+
+bool exactDifference(double a, double b, double& difference) {
+    difference = a - b;
+    const double bVirtual = a - difference;
+    const double aVirtual = difference + bVirtual;
+    return (a - aVirtual) + (bVirtual - b) == 0.0;
+}
 
 uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
     uint64_t hash = 0;
