@@ -25,6 +25,21 @@ template <class Valid> bool anyInvalid(std::span<const int32_t> ids, Valid valid
         [](bool a, bool b) { return a || b; });
 }
 
+// Colours of fewer vertices than this are set on the calling thread.
+constexpr size_t kParallelColors = 16384;
+
+// Whether the ids rise strictly, checked on all cores.
+bool ascending(std::span<const int32_t> ids) {
+    return !tbb::parallel_reduce(
+        tbb::blocked_range<size_t>(1, std::max<size_t>(ids.size(), 1), 16384), false,
+        [&](const tbb::blocked_range<size_t>& range, bool found) {
+            for (size_t i = range.begin(); i != range.end() && !found; ++i)
+                found = ids[i - 1] >= ids[i];
+            return found;
+        },
+        [](bool a, bool b) { return a || b; });
+}
+
 } // namespace
 
 std::optional<Vector3> Mesh::faceNormal(int32_t face) const {
@@ -90,10 +105,20 @@ Status Mesh::setVertexColors(std::span<const Color> colors, std::span<const int3
     VertexColors& own = colors_.write();
     own.colors.resize(points_.read().size());
     own.set.resize(points_.read().size(), 0);
-    for (size_t i = 0; i < vertices.size(); ++i) {
-        own.colors[vertices[i]] = colors[i];
-        own.set[vertices[i]] = 1;
-    }
+    const auto assign = [&](size_t begin, size_t end) {
+        for (size_t i = begin; i < end; ++i) {
+            own.colors[vertices[i]] = colors[i];
+            own.set[vertices[i]] = 1;
+        }
+    };
+    // Writers colour every vertex of a solid at once, in id order: ids that never repeat can be
+    // written on all cores, while a repeated id must end with its last colour, as in one pass.
+    if (vertices.size() > kParallelColors && ascending(vertices))
+        tbb::parallel_for(
+            tbb::blocked_range<size_t>(0, vertices.size(), kParallelColors),
+            [&](const tbb::blocked_range<size_t>& range) { assign(range.begin(), range.end()); });
+    else
+        assign(0, vertices.size());
     return Status::Success;
 }
 
