@@ -123,8 +123,8 @@ void planBlocks(const FaceLoops& faces, std::span<const Point3> points, tbb::blo
         const int32_t end = std::min(faceCount, (block + 1) * kBlockFaces);
         for (int32_t f = block * kBlockFaces; f != end; ++f) {
             const auto face = static_cast<size_t>(f);
-            const auto outer = faces.loop(f, 0);
             const bool single = faces.faceLoopCount(f) == 1;
+            const auto outer = faces.faceVertices(f);
             // Walls are convex quads, by far the most faces of a solid: they are split before a
             // shape hash is paid for. Only cut faces enter the memo, so no quad split here could
             // have hit it.
@@ -156,7 +156,8 @@ void emitBlocks(const FaceLoops& faces, tbb::blocked_range<int32_t> blocks, std:
         for (int32_t f = block * kBlockFaces; f != end; ++f) {
             const auto face = static_cast<size_t>(f);
             Triangle* to = out + starts[face];
-            const auto loop = faces.loop(f, 0);
+            // Triangles and quads have one loop: their face's vertices.
+            const auto loop = faces.faceVertices(f);
             switch (emit[face]) {
             case Emit::Triangle:
                 to[0] = {loop[0], loop[1], loop[2]};
