@@ -47,7 +47,7 @@ void FaceLoops::appendLoopOffsets(std::span<const int32_t> loopCounts, int32_t f
 FaceLoops FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts,
                                      std::span<const int32_t> vertexIds) {
     FaceLoops out;
-    out.faces_.resize(faceCounts.size());
+    out.faces_.reserve(faceCounts.size());
     // Meshes created whole often get holes put back into some faces next (the caps of a solid),
     // which moves those faces' blocks to the end: room for that keeps the first such move from
     // copying the whole pool.
@@ -57,7 +57,7 @@ FaceLoops FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts,
     out.vertexIds_.assign(vertexIds.begin(), vertexIds.end());
     int32_t start = 0;
     for (size_t f = 0; f < faceCounts.size(); ++f) {
-        out.faces_[f] = {start, faceCounts[f], static_cast<int32_t>(f), 1};
+        out.faces_.push_back({start, faceCounts[f], static_cast<int32_t>(f), 1});
         start += faceCounts[f];
     }
     out.loopTotal_ = static_cast<int32_t>(faceCounts.size());

@@ -138,13 +138,23 @@ TEST(MeshColors, ManyVerticesTakeTheirColoursAndRepeatsKeepTheLast) {
             ASSERT_FALSE(mesh.vertexColor(v)) << v;
     }
 
+    colors.clear();
+    ids.clear();
+    for (int32_t v = 0; v < count; ++v) {
+        colors.push_back(shade(count - v));
+        ids.push_back(v);
+    }
+    ASSERT_EQ(mesh.setVertexColors(colors, ids), Status::Success);
+    for (int32_t v = 0; v < count; ++v)
+        ASSERT_EQ(mesh.vertexColor(v), shade(count - v)) << v;
+
     const Color last{0, 0, 1, 1};
     colors.assign(ids.size(), Color{1, 0, 0, 1});
     ids.assign(ids.size(), 0);
     colors.back() = last;
     ASSERT_EQ(mesh.setVertexColors(colors, ids), Status::Success);
     EXPECT_EQ(mesh.vertexColor(0), last);
-    EXPECT_EQ(mesh.vertexColor(1), shade(1));
+    EXPECT_EQ(mesh.vertexColor(1), shade(count - 1));
 }
 
 TEST(MeshUvs, DefaultSetAndAssignment) {
