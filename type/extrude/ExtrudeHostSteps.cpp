@@ -199,6 +199,29 @@ ZIntArray intArray(const std::vector<int>& values) {
 
 namespace {
 
+// Every vertex takes the colour of the input face it was built from.
+struct VertexColours {
+    ZColorArray colours;
+    ZIntArray vertices;
+};
+
+VertexColours vertexColours(const SolidMeshParts& parts) {
+    const SolidTopology& topology = parts.topology;
+    const auto count = static_cast<unsigned int>(std::max(topology.faceVertexStarts.back(), 0));
+    VertexColours out{ZColorArray(count), ZIntArray(count)};
+    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, parts.faces.size(), 256),
+                      [&](const tbb::blocked_range<std::size_t>& range) {
+                          for (std::size_t f = range.begin(); f != range.end(); ++f) {
+                              for (int v = topology.faceVertexStarts[f]; v < topology.faceVertexStarts[f + 1];
+                                   ++v) {
+                                  out.colours[static_cast<unsigned int>(v)] = parts.colours[f];
+                                  out.vertices[static_cast<unsigned int>(v)] = v;
+                              }
+                          }
+                      });
+    return out;
+}
+
 ZStatus buildSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts, const char* unit,
                        const char* holeFailure) {
     const SolidTopology& topology = parts.topology;
@@ -212,35 +235,19 @@ ZStatus buildSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts
     if (!status)
         return reportApiError(status, unit);
     ZPointArray holePoints;
+    ZIntArray loopSizes;
     for (const CapHoles& holes : topology.capHoles) {
         holePoints.clear();
         for (const int v : holes.vertices) {
             holePoints.append(parts.points[v]);
         }
-        if (status =
-                mesh.addHoles(holes.face, holePoints, intArray(holes.loopSizes), true, kCapHoleTolerance);
-            !status) {
+        loopSizes.asVector().assign(holes.loopSizes.begin(), holes.loopSizes.end());
+        if (status = mesh.addHoles(holes.face, holePoints, loopSizes, true, kCapHoleTolerance); !status) {
             if (holeFailure)
                 std::cout << holeFailure << std::flush;
             return reportApiError(status, unit);
         }
     }
-    // Every vertex takes the colour of the input face it was built from.
-    const int vertexCount = std::min(mesh.numVertices(), topology.faceVertexStarts.back());
-    ZColorArray colours(static_cast<unsigned int>(std::max(vertexCount, 0)));
-    ZIntArray vertices(colours.length());
-    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, parts.faces.size(), 256),
-                      [&](const tbb::blocked_range<std::size_t>& range) {
-                          for (std::size_t f = range.begin(); f != range.end(); ++f) {
-                              for (int v = topology.faceVertexStarts[f];
-                                   v < topology.faceVertexStarts[f + 1] && v < vertexCount; ++v) {
-                                  colours[static_cast<unsigned int>(v)] = parts.colours[f];
-                                  vertices[static_cast<unsigned int>(v)] = v;
-                              }
-                          }
-                      });
-    if (status = mesh.setVertexColors(colours, vertices); !status)
-        return reportApiError(status, unit);
     return ZStatus::kSuccess;
 }
 
@@ -248,16 +255,28 @@ ZStatus buildSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts
 
 ZStatus writeSolidMesh(ZObject& data, const SolidMeshParts& parts, const char* unit,
                        const char* holeFailure) {
-    // The uvs are worked out on another thread while this one builds the mesh.
+    // The uvs and the vertex colours are worked out on other threads while this one builds the
+    // mesh.
     SolidUvs uvs;
+    VertexColours colours;
     tbb::task_group uvWork;
+    tbb::task_group colourWork;
     uvWork.run([&] { uvs = parts.uvs(); });
+    colourWork.run([&] { colours = vertexColours(parts); });
     ZFnMesh mesh;
     const ZStatus built = buildSolidMesh(data, mesh, parts, unit, holeFailure);
+    colourWork.wait();
     uvWork.wait();
     if (!built)
         return built;
     ZStatus status;
+    const auto vertexCount = static_cast<unsigned int>(std::max(mesh.numVertices(), 0));
+    if (vertexCount < colours.colours.length()) {
+        colours.colours.setLength(vertexCount);
+        colours.vertices.setLength(vertexCount);
+    }
+    if (status = mesh.setVertexColors(colours.colours, colours.vertices); !status)
+        return reportApiError(status, unit);
     if (status = mesh.setUVs(ZFloatArray(std::move(uvs.u)), ZFloatArray(std::move(uvs.v))); !status)
         return reportApiError(status, unit);
     if (status = mesh.assignUVs(ZIntArray(std::move(uvs.faceUvCounts)), ZIntArray(std::move(uvs.uvIds)));

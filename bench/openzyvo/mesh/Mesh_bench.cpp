@@ -76,6 +76,50 @@ BENCHMARK(BM_TriangulateDistinctFacesWithHoles)
 
 // How an extrusion rebuild puts holes back into its caps: the mesh is created without holes, then
 // every cap (every other face here) gets its holes one call at a time, front to back.
+// The walls of an extruded outline: rings of `ringPoints` points stacked `rings` high, each
+// outline edge joined to the same edge of the next ring by a quad, as a solid of text has by the
+// hundred thousand. The outline wavers in and out, so quads split along either diagonal.
+Mesh walls(int ringPoints, int rings) {
+    std::vector<Point3> points;
+    for (int k = 0; k < rings; ++k) {
+        for (int j = 0; j < ringPoints; ++j) {
+            const double a = 2.0 * std::numbers::pi * j / ringPoints;
+            const double r = 10.0 + 0.3 * std::sin(7.0 * a) + 0.01 * k;
+            points.push_back({r * std::cos(a), r * std::sin(a), 0.05 * k});
+        }
+    }
+    std::vector<int32_t> counts;
+    std::vector<int32_t> connects;
+    for (int k = 0; k + 1 < rings; ++k) {
+        for (int j = 0; j < ringPoints; ++j) {
+            const int next = (j + 1) % ringPoints;
+            connects.insert(connects.end(), {k * ringPoints + j, k * ringPoints + next,
+                                             (k + 1) * ringPoints + next, (k + 1) * ringPoints + j});
+            counts.push_back(4);
+        }
+    }
+    Mesh mesh;
+    mesh.create(points, counts, connects);
+    return mesh;
+}
+
+void BM_TriangulateWalls(benchmark::State& state) {
+    const Mesh mesh = walls(1000, static_cast<int>(state.range(0)) / 1000 + 1);
+    TriangulationCounts counts;
+    for (auto _ : state) {
+        Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
+        benchmark::DoNotOptimize(t.triangles.data());
+        counts = t.counts;
+    }
+    state.counters["faces"] = mesh.faceCount();
+    state.counters["simple"] = counts.simple;
+}
+BENCHMARK(BM_TriangulateWalls)
+    ->Arg(400000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime();
+
 void BM_ReinsertCapHoles(benchmark::State& state) {
     const Mesh source = holedFaces(static_cast<int>(state.range(0)));
     std::vector<int32_t> counts, connects;

@@ -15,14 +15,21 @@ using oz::mesh::Point3;
 
 namespace {
 
+// Arrays up to this long are converted on the calling thread.
+constexpr unsigned int kConvertGrain = 16384;
+
 // Converts into `out` (as long as `points`), in parallel: a solid of text writes hundreds of
-// thousands of points on every update.
+// thousands of points on every update. The holes of its caps come a few dozen points at a time,
+// by the thousand, and waking other threads for each would cost more than the conversion.
 template <class Points> void convertPoints(const Points& points, std::span<Point3> out) {
-    tbb::parallel_for(tbb::blocked_range<unsigned int>(0, points.length(), 16384),
-                      [&](const tbb::blocked_range<unsigned int>& range) {
-                          for (unsigned int i = range.begin(); i != range.end(); ++i)
-                              out[i] = oz::toKernel(points[i]);
-                      });
+    const auto convert = [&](const tbb::blocked_range<unsigned int>& range) {
+        for (unsigned int i = range.begin(); i != range.end(); ++i)
+            out[i] = oz::toKernel(points[i]);
+    };
+    if (points.length() <= kConvertGrain)
+        convert(tbb::blocked_range<unsigned int>(0, points.length()));
+    else
+        tbb::parallel_for(tbb::blocked_range<unsigned int>(0, points.length(), kConvertGrain), convert);
 }
 
 template <class Points> oz::mesh::PointArray kernelPoints(const Points& points) {

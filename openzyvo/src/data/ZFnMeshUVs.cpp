@@ -72,20 +72,26 @@ ZStatus ZFnMesh::assignUVs(const ZIntArray& uvCounts, const ZIntArray& uvIds, co
         const oz::mesh::Mesh& mesh = data.mesh;
         if (uvCounts.length() != static_cast<unsigned int>(mesh.faceCount()))
             return ZStatus::kInvalidParameter;
-        // Where each face's ids start in uvIds: a face takes as many as it has face-vertices, or
-        // none when its count is 0.
+        // A face takes as many ids as it has face-vertices, or none when its count is 0.
         const std::vector<int32_t> offsets = mesh.faces().faceVertexOffsets();
-        std::vector<size_t> firstId(offsets.size());
-        size_t next = 0;
+        size_t total = 0;
+        bool everyFace = true;
         for (size_t f = 0; f + 1 < offsets.size(); ++f) {
             const auto count = static_cast<size_t>(uvCounts[static_cast<unsigned int>(f)]);
             if (count != 0 && count != static_cast<size_t>(offsets[f + 1] - offsets[f]))
                 return ZStatus::kInvalidParameter;
-            firstId[f] = next;
-            next += count;
+            everyFace = everyFace && count != 0;
+            total += count;
         }
-        if (next != uvIds.length())
+        if (total != uvIds.length())
             return ZStatus::kInvalidParameter;
+        // When every face takes its ids, as a solid's writer gives them, they already are the
+        // face-vertices' ids in face order.
+        if (everyFace)
+            return oz::toStatus(data.mesh.assignUvIds(setName(uvSet), uvIds.asVector()));
+        std::vector<size_t> firstId(offsets.size());
+        for (size_t f = 0; f + 1 < offsets.size(); ++f)
+            firstId[f + 1] = firstId[f] + static_cast<size_t>(uvCounts[static_cast<unsigned int>(f)]);
         std::vector<int32_t> perFaceVertex(static_cast<size_t>(mesh.faceVertexCount()));
         tbb::parallel_for(tbb::blocked_range<size_t>(0, offsets.size() - 1, 4096),
                           [&](const tbb::blocked_range<size_t>& range) {

@@ -21,21 +21,6 @@ void appendOwnRun(std::vector<int32_t>& values, int32_t from, int32_t count) {
 
 } // namespace
 
-std::span<const int32_t> FaceLoops::loop(int32_t face, int32_t loop) const {
-    if (!valid(face) || loop < 0 || loop >= faces_[face].loopCount)
-        return {};
-    const Face& f = faces_[face];
-    const int32_t begin = loopOffsets_[f.loopStart + loop];
-    const int32_t end = loop + 1 < f.loopCount ? loopOffsets_[f.loopStart + loop + 1] : f.vertexCount;
-    return std::span<const int32_t>(vertexIds_).subspan(f.vertexStart + begin, end - begin);
-}
-
-std::span<const int32_t> FaceLoops::faceVertices(int32_t face) const {
-    if (!valid(face))
-        return {};
-    return std::span<const int32_t>(vertexIds_).subspan(faces_[face].vertexStart, faces_[face].vertexCount);
-}
-
 std::vector<int32_t> FaceLoops::faceVertexOffsets() const {
     std::vector<int32_t> offsets(faces_.size() + 1, 0);
     for (size_t f = 0; f < faces_.size(); ++f)
@@ -62,7 +47,7 @@ void FaceLoops::appendLoopOffsets(std::span<const int32_t> loopCounts, int32_t f
 FaceLoops FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts,
                                      std::span<const int32_t> vertexIds) {
     FaceLoops out;
-    out.faces_.resize(faceCounts.size());
+    out.faces_.reserve(faceCounts.size());
     // Meshes created whole often get holes put back into some faces next (the caps of a solid),
     // which moves those faces' blocks to the end: room for that keeps the first such move from
     // copying the whole pool.
@@ -72,7 +57,7 @@ FaceLoops FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts,
     out.vertexIds_.assign(vertexIds.begin(), vertexIds.end());
     int32_t start = 0;
     for (size_t f = 0; f < faceCounts.size(); ++f) {
-        out.faces_[f] = {start, faceCounts[f], static_cast<int32_t>(f), 1};
+        out.faces_.push_back({start, faceCounts[f], static_cast<int32_t>(f), 1});
         start += faceCounts[f];
     }
     out.loopTotal_ = static_cast<int32_t>(faceCounts.size());

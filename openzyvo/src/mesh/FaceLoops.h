@@ -119,6 +119,23 @@ private:
     int32_t vertexTotal_ = 0;
 };
 
+// Inline: the triangulation and the topology ask for every face's loops, and a call per face would
+// cost about as much as splitting a quad.
+inline std::span<const int32_t> FaceLoops::loop(int32_t face, int32_t loop) const {
+    if (!valid(face) || loop < 0 || loop >= faces_[face].loopCount)
+        return {};
+    const Face& f = faces_[face];
+    const int32_t begin = loopOffsets_[f.loopStart + loop];
+    const int32_t end = loop + 1 < f.loopCount ? loopOffsets_[f.loopStart + loop + 1] : f.vertexCount;
+    return std::span<const int32_t>(vertexIds_).subspan(f.vertexStart + begin, end - begin);
+}
+
+inline std::span<const int32_t> FaceLoops::faceVertices(int32_t face) const {
+    if (!valid(face))
+        return {};
+    return std::span<const int32_t>(vertexIds_).subspan(faces_[face].vertexStart, faces_[face].vertexCount);
+}
+
 // A pool-ordered column (see FaceLoops) laid out in face order.
 template <class T> std::vector<T> toFaceOrder(const FaceLoops& faces, const std::vector<T>& pooled) {
     std::vector<T> ordered;

@@ -9,21 +9,25 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>
-#include <tbb/task_arena.h>
 #include <tuple>
 
 namespace oz::mesh {
 
 namespace {
 
-// A strictly convex quad, split along its shorter diagonal: the walls of an extrusion are such
-// quads, and they need no further checks. A quad's area vector is half the cross product of its
-// diagonals, so its normal costs no pass over a loop and no square root.
-bool triangulateQuad(std::span<const int32_t> loop, std::span<const Point3> points,
-                     std::vector<Triangle>& out) {
+// How a face is laid into the output: triangles and convex quads are written straight from their
+// loop once every face's count is known; the rest was cut into its worker's buffer beforehand.
+enum class Emit : uint8_t { Triangle, QuadAlong02, QuadAlong13, Cut };
+
+// Whether a quad is strictly convex, and then the diagonal to split it along: the shorter one.
+// The walls of an extrusion are such quads, and they need no further checks. A quad's area
+// vector is half the cross product of its diagonals, so its normal costs no pass over a loop and
+// no square root.
+std::optional<Emit> convexQuad(std::span<const int32_t> loop, std::span<const Point3> points) {
     const Point3 p[4] = {points[loop[0]], points[loop[1]], points[loop[2]], points[loop[3]]};
     const Vector3 d02 = p[2] - p[0];
     const Vector3 d13 = p[3] - p[1];
@@ -33,61 +37,43 @@ bool triangulateQuad(std::span<const int32_t> loop, std::span<const Point3> poin
         const Point3 b = p[(i + 1) % 4];
         const Point3 c = p[(i + 2) % 4];
         if (!(dot(cross(b - a, c - b), normal) > 0.0))
-            return false;
+            return std::nullopt;
     }
-    if (dot(d02, d02) <= dot(d13, d13)) {
-        out.push_back({loop[0], loop[1], loop[2]});
-        out.push_back({loop[0], loop[2], loop[3]});
-    } else {
-        out.push_back({loop[1], loop[2], loop[3]});
-        out.push_back({loop[1], loop[3], loop[0]});
-    }
-    return true;
+    return dot(d02, d02) <= dot(d13, d13) ? Emit::QuadAlong02 : Emit::QuadAlong13;
 }
 
-// Faces are cut in blocks of consecutive faces, and a block's triangles stay together in its
-// worker's output: laying them out in face order then takes one copy per block, not per face.
+// Faces are cut in blocks of consecutive faces; the triangles of a block's cut faces stay
+// together in its worker's buffer, in face order.
 constexpr int32_t kBlockFaces = 256;
 
-struct BlockRun {
-    int32_t firstFace;
-    int32_t begin; // in the worker's triangles
-    int32_t count;
-};
+// Below this many face vertices a mesh is cut on the calling thread: waking other threads for a
+// few thousand quads costs more than it saves. Counting vertices rather than faces keeps a mesh of
+// fewer but larger faces, whose cuts cost far more per face, on all cores.
+constexpr int32_t kParallelFaceVertices = 65536;
 
-// What one thread produces: its cutters and memo, reused across faces, and the triangles of the
-// blocks it handled, to be gathered into face order afterwards.
+// The GLU sweep of the calling thread. Making a tessellator costs more than cutting a small face,
+// and few passes need one at all; a thread never runs two sweeps at once.
+GluTessellator& threadTessellator() {
+    thread_local GluTessellator tessellator;
+    return tessellator;
+}
+
+// What one thread produces: its cutter and memo, reused across faces, and the triangles of the
+// faces that are neither triangles nor convex quads.
 struct Worker {
-    GluTessellator tessellator;
     EarClipper clipper;
     ShapeMemo memo;
     PlanarFace planar;
     std::vector<Triangle> local;
     std::vector<Triangle> triangles;
-    std::vector<BlockRun> runs;
     TriangulationCounts counts;
     ShapeLibrary* library = nullptr;
 
-    void reserve(const FaceLoops& faces);
-    void cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
+    // Cuts `face` into `triangles`, returning how many it took.
+    int32_t cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
     // Cuts a planar face into `local`, as point indices within the face.
     bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal);
 };
-
-// Room for twice a fair share of the pass's triangles (a cut face of n points and h holes has
-// n + 2h - 2), taken once per worker: output then rarely moves while it grows, and on a machine
-// with many threads no worker holds room for the whole pass.
-void Worker::reserve(const FaceLoops& faces) {
-    const auto threads = static_cast<size_t>(std::max(1, tbb::this_task_arena::max_concurrency()));
-    auto share = [threads](size_t total) {
-        return std::min(total, 2 * total / threads);
-    };
-    const size_t bound = static_cast<size_t>(faces.faceVertexCount()) +
-                         2 * static_cast<size_t>(faces.loopCount() - faces.faceCount());
-    triangles.reserve(share(bound));
-    memo.reserve(share(bound));
-    runs.reserve(share(static_cast<size_t>(faces.faceCount() / kBlockFaces + 1)));
-}
 
 bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal) {
     if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
@@ -98,25 +84,14 @@ bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, i
     return true;
 }
 
-void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
-    const auto outer = faces.loop(face, 0);
-    if (faces.faceLoopCount(face) == 1 && outer.size() == 3) {
-        triangles.push_back({outer[0], outer[1], outer[2]});
-        ++counts.simple;
-        return;
-    }
-    // Walls are convex quads, by far the most faces of a solid: they are split before a shape
-    // hash is paid for. Only planar cuts enter the memo, so no quad split here could have hit it.
-    if (faces.faceLoopCount(face) == 1 && outer.size() == 4 && triangulateQuad(outer, points, triangles)) {
-        ++counts.simple;
-        return;
-    }
+int32_t Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
+    const size_t before = triangles.size();
     // A translated copy of a face cut before needs neither its normal nor any check.
     const uint64_t hash = shapeHash(faces, points, face);
     if (const auto pattern = memo.find(faces, points, face, hash); !pattern.empty()) {
         appendPattern(faces.faceVertices(face), pattern, triangles);
         ++counts.memo;
-        return;
+        return static_cast<int32_t>(triangles.size() - before);
     }
     local.clear();
     ShapeLibrary::Cut how = ShapeLibrary::Cut::Planar;
@@ -128,7 +103,7 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
             // Crossing loops come from repeated glyphs too (a bevel folding at the same corner of
             // every copy), so the sweep's pattern is kept for their copies like a planar cut.
             local.clear();
-            tessellator.tessellate(faces, points, face, normal, local);
+            threadTessellator().tessellate(faces, points, face, normal, local);
             how = ShapeLibrary::Cut::Tessellated;
         }
         if (library)
@@ -137,6 +112,89 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
     ++(how == ShapeLibrary::Cut::Planar ? counts.planar : counts.tessellated);
     appendPattern(faces.faceVertices(face), local, triangles);
     memo.store(face, hash, local);
+    return static_cast<int32_t>(triangles.size() - before);
+}
+
+// Where the cut faces of one block left their triangles.
+struct BlockSource {
+    const Worker* worker;
+    size_t begin;
+};
+
+// Works out how each face of `blocks` is emitted and how many triangles it takes (at
+// starts[face + 1]), cutting the faces that need more than a loop to do so.
+void planBlocks(const FaceLoops& faces, std::span<const Point3> points, tbb::blocked_range<int32_t> blocks,
+                Worker& w, std::span<Emit> emit, std::span<int32_t> starts, std::span<BlockSource> sources) {
+    const int32_t faceCount = faces.faceCount();
+    for (int32_t block = blocks.begin(); block != blocks.end(); ++block) {
+        sources[static_cast<size_t>(block)] = {&w, w.triangles.size()};
+        const int32_t end = std::min(faceCount, (block + 1) * kBlockFaces);
+        for (int32_t f = block * kBlockFaces; f != end; ++f) {
+            const auto face = static_cast<size_t>(f);
+            const bool single = faces.faceLoopCount(f) == 1;
+            const auto outer = faces.faceVertices(f);
+            // Walls are convex quads, by far the most faces of a solid: they are split before a
+            // shape hash is paid for. Only cut faces enter the memo, so no quad split here could
+            // have hit it.
+            std::optional<Emit> simple;
+            if (single && outer.size() == 3)
+                simple = Emit::Triangle;
+            else if (single && outer.size() == 4)
+                simple = convexQuad(outer, points);
+            if (simple) {
+                emit[face] = *simple;
+                starts[face + 1] = *simple == Emit::Triangle ? 1 : 2;
+                ++w.counts.simple;
+            } else {
+                emit[face] = Emit::Cut;
+                starts[face + 1] = w.cut(faces, points, f);
+            }
+        }
+    }
+}
+
+// Writes the triangles of `blocks` at their faces' starts.
+void emitBlocks(const FaceLoops& faces, tbb::blocked_range<int32_t> blocks, std::span<const Emit> emit,
+                std::span<const int32_t> starts, std::span<const BlockSource> sources, Triangle* out) {
+    const int32_t faceCount = faces.faceCount();
+    for (int32_t block = blocks.begin(); block != blocks.end(); ++block) {
+        const auto [worker, begin] = sources[static_cast<size_t>(block)];
+        const Triangle* cut = worker->triangles.data() + begin;
+        const int32_t end = std::min(faceCount, (block + 1) * kBlockFaces);
+        for (int32_t f = block * kBlockFaces; f != end; ++f) {
+            const auto face = static_cast<size_t>(f);
+            Triangle* to = out + starts[face];
+            // Triangles and quads have one loop: their face's vertices.
+            const auto loop = faces.faceVertices(f);
+            switch (emit[face]) {
+            case Emit::Triangle:
+                to[0] = {loop[0], loop[1], loop[2]};
+                break;
+            case Emit::QuadAlong02:
+                to[0] = {loop[0], loop[1], loop[2]};
+                to[1] = {loop[0], loop[2], loop[3]};
+                break;
+            case Emit::QuadAlong13:
+                to[0] = {loop[1], loop[2], loop[3]};
+                to[1] = {loop[1], loop[3], loop[0]};
+                break;
+            case Emit::Cut: {
+                const int32_t count = starts[face + 1] - starts[face];
+                std::copy_n(cut, count, to);
+                cut += count;
+                break;
+            }
+            }
+        }
+    }
+}
+
+// Runs `body` over all blocks, on all cores for a large mesh.
+template <class Body> void forBlocks(const FaceLoops& faces, int32_t blocks, const Body& body) {
+    if (faces.faceVertexCount() < kParallelFaceVertices)
+        body(tbb::blocked_range<int32_t>(0, blocks, 1));
+    else
+        tbb::parallel_for(tbb::blocked_range<int32_t>(0, blocks, 1), body);
 }
 
 } // namespace
@@ -144,47 +202,26 @@ void Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t
 Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points,
                                ShapeLibrary* library) {
     const int32_t faceCount = faces.faceCount();
+    const int32_t blocks = (faceCount + kBlockFaces - 1) / kBlockFaces;
     Triangulation result;
     // Each face's triangle count lands at its own entry, then the counts become starts.
-    result.faceTriangleStart.assign(static_cast<size_t>(faceCount) + 1, 0);
+    result.faceTriangleStart.resize(static_cast<size_t>(faceCount) + 1);
+    result.faceTriangleStart[0] = 0;
+    std::vector<Emit, UninitialisedAllocator<Emit>> emit(static_cast<size_t>(faceCount));
+    std::vector<BlockSource> sources(static_cast<size_t>(blocks));
     tbb::enumerable_thread_specific<Worker> workers;
-    const int32_t blocks = (faceCount + kBlockFaces - 1) / kBlockFaces;
-    tbb::parallel_for(
-        tbb::blocked_range<int32_t>(0, blocks, 1), [&](const tbb::blocked_range<int32_t>& range) {
-            bool existed = false;
-            Worker& w = workers.local(existed);
-            if (!existed) {
-                w.reserve(faces);
-                w.library = library;
-            }
-            for (int32_t block = range.begin(); block != range.end(); ++block) {
-                const int32_t first = block * kBlockFaces;
-                const int32_t end = std::min(faceCount, first + kBlockFaces);
-                const auto begin = static_cast<int32_t>(w.triangles.size());
-                for (int32_t f = first; f != end; ++f) {
-                    const size_t before = w.triangles.size();
-                    w.cut(faces, points, f);
-                    result.faceTriangleStart[static_cast<size_t>(f) + 1] =
-                        static_cast<int32_t>(w.triangles.size() - before);
-                }
-                w.runs.push_back({first, begin, static_cast<int32_t>(w.triangles.size()) - begin});
-            }
-        });
-
-    std::vector<std::pair<const Worker*, BlockRun>> runs;
-    runs.reserve(static_cast<size_t>(blocks));
-    for (const Worker& w : workers) {
+    forBlocks(faces, blocks, [&](const tbb::blocked_range<int32_t>& range) {
+        Worker& w = workers.local();
+        w.library = library;
+        planBlocks(faces, points, range, w, emit, result.faceTriangleStart, sources);
+    });
+    for (const Worker& w : workers)
         result.counts += w.counts;
-        for (const BlockRun& run : w.runs)
-            runs.emplace_back(&w, run);
-    }
     std::partial_sum(result.faceTriangleStart.begin(), result.faceTriangleStart.end(),
                      result.faceTriangleStart.begin());
     result.triangles.resize(static_cast<size_t>(result.faceTriangleStart.back()));
-    tbb::parallel_for(size_t{0}, runs.size(), [&](size_t i) {
-        const auto& [w, run] = runs[i];
-        std::copy_n(w->triangles.begin() + run.begin, run.count,
-                    result.triangles.begin() + result.faceTriangleStart[static_cast<size_t>(run.firstFace)]);
+    forBlocks(faces, blocks, [&](const tbb::blocked_range<int32_t>& range) {
+        emitBlocks(faces, range, emit, result.faceTriangleStart, sources, result.triangles.data());
     });
     return result;
 }

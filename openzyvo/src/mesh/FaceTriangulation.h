@@ -3,6 +3,7 @@
 #include "mesh/FaceLoops.h"
 #include "mesh/ShapeLibrary.h"
 #include "mesh/Triangle.h"
+#include "mesh/UninitialisedAllocator.h"
 #include "mesh/Vec3.h"
 
 #include <cstdint>
@@ -36,7 +37,7 @@ struct TriangulationCounts {
 // faceTriangleStart[f + 1]). Triangles hold vertex ids, so the table survives point moves.
 struct Triangulation {
     std::vector<int32_t> faceTriangleStart{0};
-    std::vector<Triangle> triangles;
+    std::vector<Triangle, UninitialisedAllocator<Triangle>> triangles;
     TriangulationCounts counts;
 
     int32_t faceCount() const { return static_cast<int32_t>(faceTriangleStart.size()) - 1; }

@@ -25,6 +25,21 @@ template <class Valid> bool anyInvalid(std::span<const int32_t> ids, Valid valid
         [](bool a, bool b) { return a || b; });
 }
 
+// Colours of fewer vertices than this are set on the calling thread.
+constexpr size_t kParallelColors = 16384;
+
+// Whether the ids rise strictly, checked on all cores.
+bool ascending(std::span<const int32_t> ids) {
+    return !tbb::parallel_reduce(
+        tbb::blocked_range<size_t>(1, std::max<size_t>(ids.size(), 1), 16384), false,
+        [&](const tbb::blocked_range<size_t>& range, bool found) {
+            for (size_t i = range.begin(); i != range.end() && !found; ++i)
+                found = ids[i - 1] >= ids[i];
+            return found;
+        },
+        [](bool a, bool b) { return a || b; });
+}
+
 } // namespace
 
 std::optional<Vector3> Mesh::faceNormal(int32_t face) const {
@@ -88,12 +103,31 @@ Status Mesh::setVertexColors(std::span<const Color> colors, std::span<const int3
     if (anyInvalid(vertices, [count](int32_t v) { return v >= 0 && v < count; }))
         return Status::InvalidIndex;
     VertexColors& own = colors_.write();
-    own.colors.resize(points_.read().size());
-    own.set.resize(points_.read().size(), 0);
-    for (size_t i = 0; i < vertices.size(); ++i) {
-        own.colors[vertices[i]] = colors[i];
-        own.set[vertices[i]] = 1;
+    const size_t total = points_.read().size();
+    // Writers colour every vertex of a solid at once, in id order: ids that never repeat can be
+    // written on all cores, while a repeated id must end with its last colour, as in one pass.
+    const bool unique = vertices.size() > kParallelColors && ascending(vertices);
+    // Rising ids, as many as there are vertices, are every vertex in order: the colours are the
+    // column as given.
+    if (unique && vertices.size() == total) {
+        own.colors.assign(colors.begin(), colors.end());
+        own.set.assign(total, 1);
+        return Status::Success;
     }
+    own.colors.resize(total);
+    own.set.resize(total, 0);
+    const auto assign = [&](size_t begin, size_t end) {
+        for (size_t i = begin; i < end; ++i) {
+            own.colors[vertices[i]] = colors[i];
+            own.set[vertices[i]] = 1;
+        }
+    };
+    if (unique)
+        tbb::parallel_for(
+            tbb::blocked_range<size_t>(0, vertices.size(), kParallelColors),
+            [&](const tbb::blocked_range<size_t>& range) { assign(range.begin(), range.end()); });
+    else
+        assign(0, vertices.size());
     return Status::Success;
 }
 

@@ -3,6 +3,7 @@
 
 #include <limits>
 #include <numeric>
+#include <optional>
 
 namespace oz::mesh {
 
@@ -92,19 +93,23 @@ Status Mesh::resolveVertices(std::span<const Point3> points, std::span<const int
     if (!merge_.index || merge_.index->tolerance() != tolerance)
         merge_.index = std::make_unique<VertexMergeIndex>(tolerance);
     merge_.index->extend(points_.read());
-    VertexMergeIndex fresh(tolerance);
+    // Points of this call that merge with none of the mesh: the holes of a solid's caps land on
+    // its own vertices, call after call, and need no index of their own.
+    std::optional<VertexMergeIndex> fresh;
     added.clear();
     ids.clear();
     for (const Point3& p : points) {
         int32_t id = merge_.index->find(p, points_.read());
         if (id < 0) {
-            const int32_t earlier = fresh.find(p, added);
+            const int32_t earlier = fresh ? fresh->find(p, added) : -1;
             if (earlier >= 0) {
                 id = vertexCount() + earlier;
             } else {
                 id = vertexCount() + static_cast<int32_t>(added.size());
                 added.push_back(p);
-                fresh.extend(added);
+                if (!fresh)
+                    fresh.emplace(tolerance);
+                fresh->extend(added);
             }
         }
         ids.push_back(id);

@@ -247,6 +247,27 @@ TEST(FnMesh, UvsRoundTripInTheDefaultSet) {
     EXPECT_EQ(names, (ZStringArray{"map1", "other"}));
 }
 
+// Holes put into the first face move its face-vertices behind the second's in the mesh's own
+// storage: uv ids given for every face must still land on the face-vertices they are given for.
+TEST(FnMesh, UvIdsOfEveryFaceFollowTheFacesAfterHolesMovedThem) {
+    ZFnMesh mesh(fixtures::twoSquares());
+    ASSERT_TRUE(mesh.addHoles(0, square(0.25, 0.25, 0.5), ZIntArray{4}, true, 1e-10));
+    ASSERT_EQ(mesh.polygonVertexCount(0), 8);
+    ASSERT_TRUE(mesh.setUVs(ZFloatArray(12, 0.5f), ZFloatArray(12, 0.5f)));
+    const ZIntArray given{0, 1, 2, 3, 4, 5, 6, 7, 11, 10, 9, 8};
+    ASSERT_TRUE(mesh.assignUVs(ZIntArray{8, 4}, given));
+
+    ZIntArray counts, ids;
+    ASSERT_TRUE(mesh.getAssignedUVs(counts, ids));
+    EXPECT_EQ(counts, (ZIntArray{8, 4}));
+    EXPECT_EQ(ids, given);
+
+    EXPECT_EQ(mesh.assignUVs(ZIntArray{8, 4}, ZIntArray{0, 1, 2, 3, 4, 5, 6, 7, 11, 10, 9, 12}),
+              ZStatus::kInvalidParameter);
+    ASSERT_TRUE(mesh.getAssignedUVs(counts, ids));
+    EXPECT_EQ(ids, given);
+}
+
 TEST(FnMesh, CreateKeepsTheDataGroupsAndRebuildsTheRest) {
     const ZObject data = fixtures::cube();
     ZFnMeshData(data).addObjectGroup(4);

@@ -104,6 +104,59 @@ TEST(MeshColors, SetPerVertexAndAbsentElsewhere) {
     EXPECT_EQ(*mesh.vertexColor(6), red);
 }
 
+// Colours for a whole solid's vertices are set on all cores when their ids never repeat; a
+// repeated id keeps the colour given last, however many vertices are set at once.
+TEST(MeshColors, ManyVerticesTakeTheirColoursAndRepeatsKeepTheLast) {
+    const int32_t count = 40000;
+    std::vector<Point3> points;
+    std::vector<int32_t> counts;
+    std::vector<int32_t> connects;
+    for (int32_t i = 0; i < count / 4; ++i) {
+        for (const Point3& p : square(2.0 * i, 0, 1)) {
+            connects.push_back(static_cast<int32_t>(points.size()));
+            points.push_back(p);
+        }
+        counts.push_back(4);
+    }
+    Mesh mesh;
+    ASSERT_EQ(mesh.create(points, counts, connects), Status::Success);
+    const auto shade = [](int32_t v) {
+        return Color{static_cast<float>(v % 7), static_cast<float>(v / 7), 0, 1};
+    };
+
+    std::vector<Color> colors;
+    std::vector<int32_t> ids;
+    for (int32_t v = 1; v < count; v += 2) {
+        colors.push_back(shade(v));
+        ids.push_back(v);
+    }
+    ASSERT_EQ(mesh.setVertexColors(colors, ids), Status::Success);
+    for (int32_t v = 0; v < count; ++v) {
+        if (v % 2)
+            ASSERT_EQ(mesh.vertexColor(v), shade(v)) << v;
+        else
+            ASSERT_FALSE(mesh.vertexColor(v)) << v;
+    }
+
+    colors.clear();
+    ids.clear();
+    for (int32_t v = 0; v < count; ++v) {
+        colors.push_back(shade(count - v));
+        ids.push_back(v);
+    }
+    ASSERT_EQ(mesh.setVertexColors(colors, ids), Status::Success);
+    for (int32_t v = 0; v < count; ++v)
+        ASSERT_EQ(mesh.vertexColor(v), shade(count - v)) << v;
+
+    const Color last{0, 0, 1, 1};
+    colors.assign(ids.size(), Color{1, 0, 0, 1});
+    ids.assign(ids.size(), 0);
+    colors.back() = last;
+    ASSERT_EQ(mesh.setVertexColors(colors, ids), Status::Success);
+    EXPECT_EQ(mesh.vertexColor(0), last);
+    EXPECT_EQ(mesh.vertexColor(1), shade(count - 1));
+}
+
 TEST(MeshUvs, DefaultSetAndAssignment) {
     Mesh mesh;
     addFace(mesh, {{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}});
