@@ -46,12 +46,4 @@ double FaceFrame::height(const Point3& p) const {
     return m_rows[1][0] * p.x + m_rows[1][1] * p.y + m_rows[1][2] * p.z;
 }
 
-Point3 FaceFrame::fromPlane(const Point2& p, double height) const {
-    const double x = p.x, y = height, z = -p.y;
-    // The inverse of a rotation is its transpose.
-    return {m_rows[0][0] * x + m_rows[1][0] * y + m_rows[2][0] * z,
-            m_rows[0][1] * x + m_rows[1][1] * y + m_rows[2][1] * z,
-            m_rows[0][2] * x + m_rows[1][2] * y + m_rows[2][2] * z};
-}
-
 } // namespace type

@@ -22,8 +22,14 @@ public:
     Point2 toPlane(const Point3& p) const;
     // The face's height along its normal.
     double height(const Point3& p) const;
-    // Back from the plane, `height` along the normal.
-    Point3 fromPlane(const Point2& p, double height) const;
+    // Back from the plane, `height` along the normal. Inline: it places every point of a solid.
+    Point3 fromPlane(const Point2& p, double height) const {
+        const double x = p.x, y = height, z = -p.y;
+        // The inverse of a rotation is its transpose.
+        return {m_rows[0][0] * x + m_rows[1][0] * y + m_rows[2][0] * z,
+                m_rows[0][1] * x + m_rows[1][1] * y + m_rows[2][1] * z,
+                m_rows[0][2] * x + m_rows[1][2] * y + m_rows[2][2] * z};
+    }
 
     bool operator==(const FaceFrame&) const = default;
 

@@ -40,6 +40,17 @@ double lowestBit(double value) {
     return std::ldexp(1.0, exponent - 53 + std::countr_zero(bits));
 }
 
+// `x` rounded to an integer, ties to even, as std::nearbyint rounds in the default mode: without
+// SSE4.1 that is a library call, and this runs for every coordinate of a solid. A double at or
+// above 2^52 has no fraction, so adding 2^52 and taking it away again rounds the fraction away.
+double roundToInteger(double x) {
+    constexpr double kNoFraction = 4503599627370496.0; // 2^52
+    if (!(std::abs(x) < kNoFraction))
+        return x;
+    const double shift = std::copysign(kNoFraction, x);
+    return std::copysign((x + shift) - shift, x);
+}
+
 // The step a shape's ring points are rounded to before they are added to the
 // anchors. A sum of two multiples of one power of two is exact while it fits
 // in a double's 53 bits, so each copy then lies exactly where the first lies,
@@ -259,8 +270,8 @@ void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, 
                 }
                 const double step = placementGrid(grid[shape], reach[shape], extent);
                 for (Point3& p : points)
-                    p = {std::nearbyint(p.x / step) * step, std::nearbyint(p.y / step) * step,
-                         std::nearbyint(p.z / step) * step};
+                    p = {roundToInteger(p.x / step) * step, roundToInteger(p.y / step) * step,
+                         roundToInteger(p.z / step) * step};
             }
         });
 
