@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 #include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
 #include <tbb/parallel_reduce.h>
 
 namespace oz::mesh {
@@ -11,9 +13,11 @@ namespace {
 
 // Leftovers below this never trigger a compaction: small meshes are not worth the copy.
 constexpr int32_t kMinWaste = 4096;
+// Faces a task lays out at once when a mesh is created whole.
+constexpr size_t kLayoutBlock = 8192;
 
 // Appends values[from .. from + count) to the end of the same vector.
-void appendOwnRun(std::vector<int32_t>& values, int32_t from, int32_t count) {
+template <class Values> void appendOwnRun(Values& values, int32_t from, int32_t count) {
     reserveGrowing(values, values.size() + static_cast<size_t>(count));
     for (int32_t i = 0; i < count; ++i)
         values.push_back(values[static_cast<size_t>(from + i)]);
@@ -44,25 +48,71 @@ void FaceLoops::appendLoopOffsets(std::span<const int32_t> loopCounts, int32_t f
     }
 }
 
-FaceLoops FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts,
-                                     std::span<const int32_t> vertexIds) {
-    FaceLoops out;
-    out.faces_.reserve(faceCounts.size());
+Status FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts, std::span<const int32_t> vertexIds,
+                                  int32_t vertexCount, FaceLoops& out) {
+    // Faces are laid out in blocks on all cores: first each block's face-vertex total, then, from
+    // the block's start, its faces and ids. Any doubt sends the whole input to validateLoops, which
+    // names the first bad loop as a single pass would.
+    const size_t faces = faceCounts.size();
+    const size_t blocks = (faces + kLayoutBlock - 1) / kLayoutBlock;
+    const auto blockRange = [&](size_t block) {
+        return std::pair(block * kLayoutBlock, std::min(faces, (block + 1) * kLayoutBlock));
+    };
+    std::vector<int64_t> blockStarts(blocks + 1, 0);
+    std::vector<uint8_t> blockBad(blocks, 0);
+    tbb::parallel_for(size_t{0}, blocks, [&](size_t block) {
+        const auto [begin, end] = blockRange(block);
+        int64_t total = 0;
+        int32_t fewest = 3;
+        for (size_t f = begin; f != end; ++f) {
+            total += faceCounts[f];
+            fewest = std::min(fewest, faceCounts[f]);
+        }
+        blockStarts[block + 1] = total;
+        blockBad[block] = fewest < 3;
+    });
+    std::partial_sum(blockStarts.begin(), blockStarts.end(), blockStarts.begin());
+    if (std::ranges::any_of(blockBad, [](uint8_t bad) { return bad != 0; }) ||
+        blockStarts.back() != static_cast<int64_t>(vertexIds.size()))
+        return validateLoops(faceCounts, vertexIds, vertexCount);
+
+    out = FaceLoops();
+    out.faces_.resize(faces);
     // Meshes created whole often get holes put back into some faces next (the caps of a solid),
     // which moves those faces' blocks to the end: room for that keeps the first such move from
     // copying the whole pool.
-    out.loopOffsets_.reserve(withRoomForHoles(faceCounts.size()));
-    out.loopOffsets_.assign(faceCounts.size(), 0);
+    out.loopOffsets_.reserve(withRoomForHoles(faces));
+    out.loopOffsets_.assign(faces, 0);
     out.vertexIds_.reserve(withRoomForHoles(vertexIds.size()));
-    out.vertexIds_.assign(vertexIds.begin(), vertexIds.end());
-    int32_t start = 0;
-    for (size_t f = 0; f < faceCounts.size(); ++f) {
-        out.faces_.push_back({start, faceCounts[f], static_cast<int32_t>(f), 1});
-        start += faceCounts[f];
-    }
-    out.loopTotal_ = static_cast<int32_t>(faceCounts.size());
-    out.vertexTotal_ = start;
-    return out;
+    out.vertexIds_.resize(vertexIds.size());
+    const auto limit = static_cast<uint32_t>(vertexCount);
+    tbb::parallel_for(size_t{0}, blocks, [&](size_t block) {
+        const auto [begin, end] = blockRange(block);
+        auto start = static_cast<int32_t>(blockStarts[block]);
+        const auto blockEnd = static_cast<size_t>(blockStarts[block + 1]);
+        // Plain or-ed comparisons rather than early exits: the range check vectorises, and the
+        // rare bad input is looked at again anyway.
+        uint32_t bad = 0;
+        for (size_t i = static_cast<size_t>(start); i != blockEnd; ++i)
+            bad |= static_cast<uint32_t>(vertexIds[i]) >= limit;
+        for (size_t f = begin; f != end; ++f) {
+            const int32_t count = faceCounts[f];
+            const int32_t* loop = vertexIds.data() + start;
+            bad |= loop[0] == loop[count - 1];
+            for (int32_t i = 1; i < count; ++i)
+                bad |= loop[i] == loop[i - 1];
+            out.faces_[f] = {start, count, static_cast<int32_t>(f), 1};
+            start += count;
+        }
+        std::copy(vertexIds.begin() + blockStarts[block], vertexIds.begin() + blockStarts[block + 1],
+                  out.vertexIds_.begin() + blockStarts[block]);
+        blockBad[block] = bad != 0;
+    });
+    if (std::ranges::any_of(blockBad, [](uint8_t bad) { return bad != 0; }))
+        return validateLoops(faceCounts, vertexIds, vertexCount);
+    out.loopTotal_ = static_cast<int32_t>(faces);
+    out.vertexTotal_ = static_cast<int32_t>(vertexIds.size());
+    return Status::Success;
 }
 
 void FaceLoops::reserve(int32_t faces, int32_t loops, int32_t faceVertices) {
@@ -114,7 +164,7 @@ bool FaceLoops::wasteful() const {
 
 PoolEdit FaceLoops::compact() {
     PoolEdit edit{false, {}, 0};
-    std::vector<int32_t> ids;
+    decltype(vertexIds_) ids;
     std::vector<int32_t> offsets;
     ids.reserve(static_cast<size_t>(vertexTotal_));
     offsets.reserve(static_cast<size_t>(loopTotal_));

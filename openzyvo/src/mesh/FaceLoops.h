@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mesh/Status.h"
+#include "mesh/UninitialisedAllocator.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -14,7 +15,7 @@ namespace oz::mesh {
 
 // Reserves room for `size` elements, at least doubling the capacity when it grows, so that
 // repeated appends stay amortised constant time (a bare reserve would reallocate every time).
-template <class T> void reserveGrowing(std::vector<T>& values, size_t size) {
+template <class Values> void reserveGrowing(Values& values, size_t size) {
     if (size > values.capacity())
         values.reserve(std::max(size, 2 * values.capacity()));
 }
@@ -84,8 +85,10 @@ public:
     int32_t vertexIdBound() const;
 
     // Faces of one loop each, in the order given: the first faceCounts[0] ids are the first face.
-    // The caller has validated counts and ids.
-    static FaceLoops singleLoopFaces(std::span<const int32_t> faceCounts, std::span<const int32_t> vertexIds);
+    // Counts and ids are checked as validateLoops checks them, in the same pass that lays them out;
+    // on failure `out` is left unspecified.
+    static Status singleLoopFaces(std::span<const int32_t> faceCounts, std::span<const int32_t> vertexIds,
+                                  int32_t vertexCount, FaceLoops& out);
 
     // Makes room for that many more faces, loops and face-vertices, so that building a mesh face
     // by face does not move the pool at every doubling.
@@ -112,9 +115,10 @@ private:
     bool valid(int32_t face) const { return face >= 0 && face < faceCount(); }
     void appendLoopOffsets(std::span<const int32_t> loopCounts, int32_t firstOffset);
 
-    std::vector<Face> faces_;
+    // A mesh created whole lays out every face and face-vertex on all cores: these start unfilled.
+    std::vector<Face, UninitialisedAllocator<Face>> faces_;
     std::vector<int32_t> loopOffsets_; // per loop, its start within its face's block
-    std::vector<int32_t> vertexIds_;   // the face-vertex pool
+    std::vector<int32_t, UninitialisedAllocator<int32_t>> vertexIds_; // the face-vertex pool
     int32_t loopTotal_ = 0;
     int32_t vertexTotal_ = 0;
 };

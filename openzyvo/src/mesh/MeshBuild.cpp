@@ -48,12 +48,14 @@ Status Mesh::create(PointArray&& points, std::span<const int32_t> faceCounts,
                     std::span<const int32_t> faceConnects) {
     if (static_cast<int64_t>(points.size()) > kMaxIds || static_cast<int64_t>(faceConnects.size()) > kMaxIds)
         return Status::TooLarge;
-    if (const Status s = validateLoops(faceCounts, faceConnects, static_cast<int32_t>(points.size()));
+    FaceLoops faces;
+    if (const Status s =
+            FaceLoops::singleLoopFaces(faceCounts, faceConnects, static_cast<int32_t>(points.size()), faces);
         s != Status::Success)
         return s;
 
     points_ = Shared(std::move(points));
-    faces_ = Shared(FaceLoops::singleLoopFaces(faceCounts, faceConnects));
+    faces_ = Shared(std::move(faces));
     normalsSet_ = false;
     normals_ = Shared<std::vector<Vector3>>();
     clearVertexColors();

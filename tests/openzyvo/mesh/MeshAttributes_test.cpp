@@ -31,6 +31,38 @@ TEST(MeshCreate, RejectsBadConnectsAndKeepsTheOldMesh) {
     EXPECT_TRUE(mesh.boundingBox().empty());
 }
 
+// Large meshes are laid out and checked block by block on all cores; the status must still be
+// that of the first bad loop, wherever the blocks split the faces.
+TEST(MeshCreate, LargeMeshesAreLaidOutWholeAndNameTheirFirstBadLoop) {
+    constexpr int32_t kQuads = 40000;
+    std::vector<Point3> points(2 * (kQuads + 1));
+    std::vector<int32_t> counts(kQuads, 4);
+    std::vector<int32_t> connects;
+    for (int32_t q = 0; q < kQuads; ++q)
+        connects.insert(connects.end(), {2 * q, 2 * q + 2, 2 * q + 3, 2 * q + 1});
+
+    Mesh mesh;
+    ASSERT_EQ(mesh.create(points, counts, connects), Status::Success);
+    ASSERT_EQ(mesh.faceCount(), kQuads);
+    for (const int32_t f : {0, 8191, 8192, kQuads - 1}) {
+        const auto loop = mesh.outerLoop(f);
+        EXPECT_EQ(std::vector<int32_t>(loop.begin(), loop.end()),
+                  std::vector<int32_t>(connects.begin() + 4 * f, connects.begin() + 4 * f + 4));
+    }
+
+    auto broken = connects;
+    broken[4 * 30000 + 2] = broken[4 * 30000 + 1];
+    EXPECT_EQ(mesh.create(points, counts, broken), Status::DegenerateLoop);
+    broken[4 * 20000] = static_cast<int32_t>(points.size());
+    EXPECT_EQ(mesh.create(points, counts, broken), Status::InvalidIndex);
+    broken = connects;
+    broken[4 * 9000 + 3] = broken[4 * 9000];
+    EXPECT_EQ(mesh.create(points, counts, broken), Status::DegenerateLoop);
+    counts[35000] = 2;
+    EXPECT_EQ(mesh.create(points, counts, connects), Status::InvalidArgument);
+    EXPECT_EQ(mesh.faceCount(), kQuads);
+}
+
 TEST(MeshPoints, GetSetAndBounds) {
     Mesh mesh = cube({1, 2, 3});
     EXPECT_EQ(*mesh.point(7), (Point3{2, 3, 4}));
