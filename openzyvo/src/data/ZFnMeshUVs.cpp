@@ -5,6 +5,7 @@
 #include <string_view>
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
+#include <tbb/parallel_reduce.h>
 #include <vector>
 
 using oz::MeshData;
@@ -15,6 +16,30 @@ namespace {
 
 std::string_view setName(const ZString* uvSet) {
     return uvSet ? uvSet->view() : oz::mesh::Mesh::kDefaultUvSet;
+}
+
+// What a list of per-face uv counts holds against the faces' sizes.
+struct CountCheck {
+    size_t total = 0;
+    bool everyFace = true; // no face without ids
+    bool mismatch = false; // some face takes ids but not one per face-vertex
+};
+
+CountCheck checkUvCounts(const ZIntArray& uvCounts, const std::vector<int32_t>& offsets) {
+    return tbb::parallel_reduce(
+        tbb::blocked_range<size_t>(0, offsets.size() - 1, 16384), CountCheck{},
+        [&](const tbb::blocked_range<size_t>& range, CountCheck check) {
+            for (size_t f = range.begin(); f != range.end(); ++f) {
+                const int count = uvCounts[static_cast<unsigned int>(f)];
+                check.mismatch |= count != 0 && count != offsets[f + 1] - offsets[f];
+                check.everyFace &= count != 0;
+                check.total += static_cast<size_t>(count);
+            }
+            return check;
+        },
+        [](const CountCheck& a, const CountCheck& b) {
+            return CountCheck{a.total + b.total, a.everyFace && b.everyFace, a.mismatch || b.mismatch};
+        });
 }
 
 } // namespace
@@ -74,20 +99,12 @@ ZStatus ZFnMesh::assignUVs(const ZIntArray& uvCounts, const ZIntArray& uvIds, co
             return ZStatus::kInvalidParameter;
         // A face takes as many ids as it has face-vertices, or none when its count is 0.
         const std::vector<int32_t> offsets = mesh.faces().faceVertexOffsets();
-        size_t total = 0;
-        bool everyFace = true;
-        for (size_t f = 0; f + 1 < offsets.size(); ++f) {
-            const auto count = static_cast<size_t>(uvCounts[static_cast<unsigned int>(f)]);
-            if (count != 0 && count != static_cast<size_t>(offsets[f + 1] - offsets[f]))
-                return ZStatus::kInvalidParameter;
-            everyFace = everyFace && count != 0;
-            total += count;
-        }
-        if (total != uvIds.length())
+        const CountCheck counts = checkUvCounts(uvCounts, offsets);
+        if (counts.mismatch || counts.total != uvIds.length())
             return ZStatus::kInvalidParameter;
         // When every face takes its ids, as a solid's writer gives them, they already are the
         // face-vertices' ids in face order.
-        if (everyFace)
+        if (counts.everyFace)
             return oz::toStatus(data.mesh.assignUvIds(setName(uvSet), uvIds.asVector()));
         std::vector<size_t> firstId(offsets.size());
         for (size_t f = 0; f + 1 < offsets.size(); ++f)

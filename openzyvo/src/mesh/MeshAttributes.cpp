@@ -18,9 +18,11 @@ template <class Valid> bool anyInvalid(std::span<const int32_t> ids, Valid valid
     return tbb::parallel_reduce(
         tbb::blocked_range<size_t>(0, ids.size(), 16384), false,
         [&](const tbb::blocked_range<size_t>& range, bool found) {
-            for (size_t i = range.begin(); i != range.end() && !found; ++i)
-                found = !valid(ids[i]);
-            return found;
+            // No early exit within a range, so that the loop vectorises; bad ids are rare.
+            bool bad = found;
+            for (size_t i = range.begin(); i != range.end(); ++i)
+                bad |= !valid(ids[i]);
+            return bad;
         },
         [](bool a, bool b) { return a || b; });
 }
