@@ -1,6 +1,7 @@
 #include "data/Component.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace oz {
 
@@ -25,9 +26,16 @@ void Component::add(int32_t element) {
 }
 
 void Component::add(std::span<const int32_t> elements) {
+    if (elements.empty())
+        return;
     const auto middle = static_cast<std::ptrdiff_t>(elements_.size());
     elements_.insert(elements_.end(), elements.begin(), elements.end());
-    // Lists are mostly handed over in order, and a check costs far less than a sort.
+    // Lists are mostly handed over in order and without repeats (a solid's face groups hold half
+    // a million ids), and one check for that costs far less than a sort and a sweep for repeats.
+    const bool risingAfterOld = middle == 0 || elements_[middle] > elements_[middle - 1];
+    if (risingAfterOld && std::adjacent_find(elements_.begin() + middle, elements_.end(),
+                                             std::greater_equal<>()) == elements_.end())
+        return;
     if (!std::is_sorted(elements_.begin() + middle, elements_.end()))
         std::sort(elements_.begin() + middle, elements_.end());
     if (middle > 0 && middle < std::ssize(elements_) && elements_[middle] < elements_[middle - 1])

@@ -117,8 +117,11 @@ ZStatus ZFnGeometryData::addObjectGroupComponent(unsigned int id, const ZObject&
     const Component* members = groupable(*found.data, component);
     if (!members || (group->component && group->component->apiType() != members->apiType()))
         return ZStatus::kInvalidParameter;
-    auto merged =
-        std::make_shared<Component>(group->component ? *group->component : Component(members->apiType()));
+    if (!group->component) {
+        group->component = std::make_shared<const Component>(*members);
+        return ZStatus::kSuccess;
+    }
+    auto merged = std::make_shared<Component>(*group->component);
     merged->add(members->elements());
     group->component = std::move(merged);
     return ZStatus::kSuccess;

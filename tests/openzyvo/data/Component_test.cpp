@@ -33,6 +33,21 @@ TEST(SingleIndexedComponent, ElementsAreASetReadBackAscending) {
     EXPECT_EQ(fn.componentType(), ZFn::kMeshVertComponent);
 }
 
+// Lists handed over in order skip the sort; they must still merge with the members already held
+// and lose their repeats.
+TEST(SingleIndexedComponent, ListsInOrderMergeWithTheMembersHeld) {
+    ZFnSingleIndexedComponent fn;
+    fn.create(ZFn::kMeshPolygonComponent);
+    fn.addElements(ZIntArray{1, 4, 7});
+    fn.addElements(ZIntArray{4, 5, 6});
+    fn.addElements(ZIntArray{8, 9, 9});
+    fn.addElements(ZIntArray{});
+    fn.addElements(ZIntArray{10, 11});
+    ZIntArray elements;
+    ASSERT_TRUE(fn.getElements(elements));
+    EXPECT_EQ(elements, (ZIntArray{1, 4, 5, 6, 7, 8, 9, 10, 11}));
+}
+
 TEST(SingleIndexedComponent, BadKindsIdsAndIndicesFail) {
     ZFnSingleIndexedComponent fn;
     ZStatus status;
