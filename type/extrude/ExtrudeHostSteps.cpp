@@ -183,14 +183,14 @@ ZStatus writeEmptyMesh(ZDataBlock& block, const ZObject& outputMesh, const char*
     return ZStatus::kSuccess;
 }
 
-void copyPoints(const std::vector<Point3>& points, ZPointArray& out) {
+void writeSolidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
+                      const ShapePoints& points, ZPointArray& out) {
     std::vector<ZPoint>& to = out.asVector();
-    to.resize(points.size());
-    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, points.size(), 16384),
-                      [&](const tbb::blocked_range<std::size_t>& range) {
-                          for (std::size_t i = range.begin(); i != range.end(); ++i)
-                              to[i] = ZPoint(points[i].x, points[i].y, points[i].z);
-                      });
+    to.resize(points.starts.back());
+    placeShapePoints(faces, shapes, points, [&](std::size_t first, std::span<const Point3> placed) {
+        for (const Point3& p : placed)
+            to[first++] = ZPoint(p.x, p.y, p.z);
+    });
 }
 
 ZIntArray intArray(const std::vector<int>& values) {

@@ -47,7 +47,9 @@ ProfileSamples sampleProfileCurves(const ZObject& node, const ProfileCurves& cur
 // Puts an empty mesh on `outputMesh`, for input the nodes cannot build from.
 ZStatus writeEmptyMesh(ZDataBlock& block, const ZObject& outputMesh, const char* unit);
 
-void copyPoints(const std::vector<Point3>& points, ZPointArray& out);
+// The solid's points as the mesh takes them; `out` is resized to fit.
+void writeSolidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
+                      const ShapePoints& points, ZPointArray& out);
 ZIntArray intArray(const std::vector<int>& values);
 
 struct SolidMeshParts {

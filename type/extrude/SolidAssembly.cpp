@@ -233,10 +233,12 @@ SolidTopology solidTopology(const std::vector<SolidFace>& faces, const FaceShape
     return out;
 }
 
-void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
-                 const RingOffsetter& offsetter, std::vector<Point3>& out) {
+ShapePoints shapePoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
+                        const RingOffsetter& offsetter) {
     const std::size_t shapeCount = shapes.firstFace.size();
-    std::vector<std::vector<Point3>> local(shapeCount);
+    ShapePoints out;
+    std::vector<std::vector<Point3>>& local = out.local;
+    local.resize(shapeCount);
     std::vector<double> grid(shapeCount, std::numeric_limits<double>::infinity());
     std::vector<double> reach(shapeCount, 0.0);
     for (std::size_t f = 0; f < faces.size(); ++f) {
@@ -275,19 +277,35 @@ void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, 
             }
         });
 
-    std::vector<std::size_t> starts(faces.size() + 1, 0);
+    std::vector<std::size_t>& starts = out.starts;
+    starts.assign(faces.size() + 1, 0);
     for (std::size_t f = 0; f < faces.size(); ++f)
         starts[f + 1] = starts[f] + local[static_cast<std::size_t>(shapes.shapeOf[f])].size();
-    out.resize(starts.back());
-    tbb::parallel_for(tbb::blocked_range<std::size_t>(0, faces.size()),
-                      [&](const tbb::blocked_range<std::size_t>& range) {
-                          for (std::size_t f = range.begin(); f != range.end(); ++f) {
-                              const Point3& a = faces[f].anchor;
-                              std::size_t next = starts[f];
-                              for (const Point3& p : local[static_cast<std::size_t>(shapes.shapeOf[f])])
-                                  out[next++] = {a.x + p.x, a.y + p.y, a.z + p.z};
-                          }
-                      });
+    return out;
+}
+
+void placeShapePoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
+                      const ShapePoints& points, const PointSink& put) {
+    tbb::parallel_for(
+        tbb::blocked_range<std::size_t>(0, faces.size()), [&](const tbb::blocked_range<std::size_t>& range) {
+            std::vector<Point3> placed;
+            for (std::size_t f = range.begin(); f != range.end(); ++f) {
+                const Point3& a = faces[f].anchor;
+                placed.clear();
+                for (const Point3& p : points.local[static_cast<std::size_t>(shapes.shapeOf[f])])
+                    placed.push_back({a.x + p.x, a.y + p.y, a.z + p.z});
+                put(points.starts[f], placed);
+            }
+        });
+}
+
+void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
+                 const RingOffsetter& offsetter, std::vector<Point3>& out) {
+    const ShapePoints points = shapePoints(faces, shapes, profile, offsetter);
+    out.resize(points.starts.back());
+    placeShapePoints(faces, shapes, points, [&](std::size_t first, std::span<const Point3> placed) {
+        std::copy(placed.begin(), placed.end(), out.begin() + static_cast<std::ptrdiff_t>(first));
+    });
 }
 
 std::vector<int> solidCharacterEnds(const std::vector<SolidFace>& faces, const SolidTopology& topology,

@@ -5,6 +5,7 @@
 #include "offset/FaceOutline.h"
 
 #include <functional>
+#include <span>
 #include <vector>
 
 namespace type {
@@ -70,11 +71,27 @@ SolidTopology solidTopology(const std::vector<SolidFace>& faces, const FaceShape
 // with its own `out`.
 using RingOffsetter = std::function<void(std::size_t shape, double offset, std::vector<Point2>& out)>;
 
-// The solid's points in the topology's order; `out` is resized to fit. The
-// rings are built once per shape and placed at each face's anchor, on a grid
-// fine enough not to matter and coarse enough that every copy of a shape is
-// an exact translate of the first, so that later work on one copy (cutting
-// its caps into triangles) holds for all.
+// The solid's points, built once per shape: each shape's rings in its own
+// frame, on a grid fine enough not to matter and coarse enough that every
+// copy of a shape placed at its face's anchor is an exact translate of the
+// first, so that later work on one copy (cutting its caps into triangles)
+// holds for all.
+struct ShapePoints {
+    std::vector<std::vector<Point3>> local; // per shape
+    std::vector<std::size_t> starts;        // per face, where its points start; the total at the end
+};
+
+ShapePoints shapePoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
+                        const RingOffsetter& offsetter);
+
+// Places each face's points at its anchor, on all cores, and hands them to
+// put(first, points), `first` being where they start in the solid's list:
+// writers fill their own point type in one pass.
+using PointSink = std::function<void(std::size_t first, std::span<const Point3> points)>;
+void placeShapePoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
+                      const ShapePoints& points, const PointSink& put);
+
+// The solid's points in the topology's order; `out` is resized to fit.
 void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
                  const RingOffsetter& offsetter, std::vector<Point3>& out);
 

@@ -102,7 +102,6 @@ private:
     // The topology of the mesh on "outputMesh".
     SolidTopology m_topology;
     // The solid's points, kept so that each evaluation writes into memory it had.
-    std::vector<Point3> m_points;
     ZPointArray m_meshPoints;
 };
 

@@ -127,23 +127,21 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
             outlines.push_back(&m_faces[static_cast<std::size_t>(face)].outline);
         m_fields = m_fieldCache.fields(outlines, m_mitres, settings.gridSize);
     }
-    solidPoints(
-        m_faces, m_shapes, profile,
-        [&](std::size_t shape, double offset, std::vector<Point2>& out) {
+    const ShapePoints points = shapePoints(
+        m_faces, m_shapes, profile, [&](std::size_t shape, double offset, std::vector<Point2>& out) {
             const DistanceFieldOffset* field = shape < m_fields.size() ? m_fields[shape].get() : nullptr;
             offsetRing({m_faces[static_cast<std::size_t>(shapeFaces[shape])].outline, m_mitres[shape], field},
                        settings.mode, settings.bevelStyle, offset, out);
-        },
-        m_points);
-    copyPoints(m_points, m_meshPoints);
+        });
+    writeSolidPoints(m_faces, m_shapes, points, m_meshPoints);
+    const auto vertexCount = static_cast<int>(m_meshPoints.length());
 
     ZDataHandle output = block.outputValue(outputMesh, &status);
     if (!status)
         return reportApiError(status, kUnit);
     ZObject data = output.data();
-    const bool cheap = !m_rebuild && !data.isNull() &&
-                       ZFnMesh(data).numVertices() == static_cast<int>(m_points.size()) &&
-                       m_topology.vertexCount == static_cast<int>(m_points.size());
+    const bool cheap = !m_rebuild && !data.isNull() && ZFnMesh(data).numVertices() == vertexCount &&
+                       m_topology.vertexCount == vertexCount;
     if (cheap) {
         if (status = ZFnMesh(data).setPoints(m_meshPoints, ZSpace::kObject); !status)
             return reportApiError(status, kUnit);

@@ -158,18 +158,15 @@ ZStatus typeExtrude::compute(const ZPlug& plug, ZDataBlock& block) {
             outlines.push_back(&faces[static_cast<std::size_t>(face)].outline);
         fields = distanceFields(outlines, shapeMitres, settings.gridSize);
     }
-    std::vector<Point3> points;
-    solidPoints(
-        faces, shapes, profile,
-        [&](std::size_t shape, double offset, std::vector<Point2>& out) {
+    const ShapePoints points =
+        shapePoints(faces, shapes, profile, [&](std::size_t shape, double offset, std::vector<Point2>& out) {
             const DistanceFieldOffset* field = shape < fields.size() ? &fields[shape] : nullptr;
             offsetRing(
                 {faces[static_cast<std::size_t>(shapes.firstFace[shape])].outline, shapeMitres[shape], field},
                 settings.mode, settings.bevelStyle, offset, out);
-        },
-        points);
+        });
     ZPointArray meshPoints;
-    copyPoints(points, meshPoints);
+    writeSolidPoints(faces, shapes, points, meshPoints);
 
     const SolidTopology topology = solidTopology(faces, shapes, profile, settings.deleteCaps);
     const bool planarCaps = block.inputValue(enablePlanarCapUVs).asBool();

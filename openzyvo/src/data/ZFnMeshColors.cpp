@@ -3,6 +3,7 @@
 #include <OpenZyvo/ZFnMesh.h>
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
+#include <utility>
 #include <vector>
 
 using oz::MeshData;
@@ -35,7 +36,7 @@ ZStatus ZFnMesh::setVertexColors(const ZColorArray& colors, const ZIntArray& ver
                               kernelColors[i] = oz::toKernel(colors[i]);
                       });
     return oz::editMesh(m_target, MeshTarget::Edit::kAttributes, [&](MeshData& data) {
-        return oz::toStatus(data.mesh.setVertexColors(kernelColors, vertexList.asVector()));
+        return oz::toStatus(data.mesh.setVertexColors(std::move(kernelColors), vertexList.asVector()));
     });
 }
 

@@ -109,6 +109,8 @@ public:
     // The colour set on the vertex, or nullopt when it has none.
     std::optional<Color> vertexColor(int32_t vertex) const;
     Status setVertexColors(std::span<const Color> colors, std::span<const int32_t> vertices);
+    // The same, taking over `colors` instead of copying them when they colour every vertex in order.
+    Status setVertexColors(std::vector<Color>&& colors, std::span<const int32_t> vertices);
     void clearVertexColors();
 
     // --- UVs ------------------------------------------------------------------------------------
@@ -150,6 +152,9 @@ private:
         std::vector<int32_t> pooledIds; // per face-vertex, in the faces' pool order
     };
 
+    // `takeable`, when given, holds `colors` and may be moved from.
+    Status assignVertexColors(std::span<const Color> colors, std::span<const int32_t> vertices,
+                              std::vector<Color>* takeable);
     // The channel to change, detached from the copies that share it.
     UvChannel* findUvChannel(std::string_view name);
     const UvChannel* findUvChannel(std::string_view name) const;

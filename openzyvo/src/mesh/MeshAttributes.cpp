@@ -99,6 +99,15 @@ std::optional<Color> Mesh::vertexColor(int32_t vertex) const {
 }
 
 Status Mesh::setVertexColors(std::span<const Color> colors, std::span<const int32_t> vertices) {
+    return assignVertexColors(colors, vertices, nullptr);
+}
+
+Status Mesh::setVertexColors(std::vector<Color>&& colors, std::span<const int32_t> vertices) {
+    return assignVertexColors(colors, vertices, &colors);
+}
+
+Status Mesh::assignVertexColors(std::span<const Color> colors, std::span<const int32_t> vertices,
+                                std::vector<Color>* takeable) {
     if (colors.size() != vertices.size())
         return Status::SizeMismatch;
     const int32_t count = vertexCount();
@@ -112,7 +121,10 @@ Status Mesh::setVertexColors(std::span<const Color> colors, std::span<const int3
     // Rising ids, as many as there are vertices, are every vertex in order: the colours are the
     // column as given.
     if (unique && vertices.size() == total) {
-        own.colors.assign(colors.begin(), colors.end());
+        if (takeable)
+            own.colors = std::move(*takeable);
+        else
+            own.colors.assign(colors.begin(), colors.end());
         own.set.assign(total, 1);
         return Status::Success;
     }

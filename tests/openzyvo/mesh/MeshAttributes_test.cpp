@@ -179,6 +179,15 @@ TEST(MeshColors, ManyVerticesTakeTheirColoursAndRepeatsKeepTheLast) {
     ASSERT_EQ(mesh.setVertexColors(colors, ids), Status::Success);
     for (int32_t v = 0; v < count; ++v)
         ASSERT_EQ(mesh.vertexColor(v), shade(count - v)) << v;
+    // A whole column handed over is taken as it is; one that is not is copied as given.
+    ASSERT_EQ(mesh.setVertexColors(std::vector<Color>(colors.rbegin(), colors.rend()), ids), Status::Success);
+    for (int32_t v = 0; v < count; ++v)
+        ASSERT_EQ(mesh.vertexColor(v), shade(v + 1)) << v;
+    ASSERT_EQ(mesh.setVertexColors(std::vector<Color>(colors.begin() + 1, colors.end()),
+                                   std::vector<int32_t>(ids.begin() + 1, ids.end())),
+              Status::Success);
+    EXPECT_EQ(mesh.vertexColor(0), shade(1));
+    EXPECT_EQ(mesh.vertexColor(1), shade(count - 1));
 
     const Color last{0, 0, 1, 1};
     colors.assign(ids.size(), Color{1, 0, 0, 1});
