@@ -1,8 +1,10 @@
 #include "../geometry/Fixtures.h"
+#include "SolidKernel.h"
 #include "extrude/FaceShapes.h"
 #include "extrude/UvAtlas.h"
 
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace type {
@@ -78,6 +80,43 @@ TEST(UvAtlas, EachFaceHasItsTileAndEachKindOfFaceItsBand) {
     }
     // A cap's holes have uvs too: the front cap of a square with a hole has eight.
     EXPECT_EQ(uvs.faceUvCounts[topology.capFaces[0]], 8);
+}
+
+// The uvs of a side face follow its corners: corners of one ring share their v, and corners at
+// one outline point (one above the other) share their u, seams included.
+TEST(UvAtlas, SideFaceCornersShareVAlongARingAndUAcrossRings) {
+    const std::vector<SolidFace> faces = {squareWithHole(0), squareWithHole(10)};
+    const SolidTopology topology = solidTopology(faces, beveled(), false);
+    const SolidUvs uvs = solidUvs(faces, faceShapes(faces), beveled(), topology, false);
+    const std::vector<Point3> points = typetest::pointsOf(faces, beveled());
+    std::vector<bool> cap(topology.faceCounts.size(), false);
+    for (const int f : topology.capFaces)
+        cap[static_cast<std::size_t>(f)] = true;
+    std::size_t next = 0;
+    std::size_t nextId = 0; // caps take ids for their holes too
+    int sides = 0;
+    for (std::size_t f = 0; f < topology.faceCounts.size(); ++f) {
+        const int count = topology.faceCounts[f];
+        const int* corners = topology.faceConnects.data() + next;
+        const int* ids = uvs.uvIds.data() + nextId;
+        next += static_cast<std::size_t>(count);
+        nextId += static_cast<std::size_t>(uvs.faceUvCounts[f]);
+        if (cap[f])
+            continue;
+        ++sides;
+        for (int i = 0; i < count; ++i) {
+            for (int j = i + 1; j < count; ++j) {
+                const Point3 a = points[static_cast<std::size_t>(corners[i])];
+                const Point3 b = points[static_cast<std::size_t>(corners[j])];
+                if (a.z == b.z) {
+                    EXPECT_EQ(uvs.v[ids[i]], uvs.v[ids[j]]) << "face " << f << " corners " << i << ", " << j;
+                } else if (std::hypot(a.x - b.x, a.y - b.y) < 0.2) {
+                    EXPECT_EQ(uvs.u[ids[i]], uvs.u[ids[j]]) << "face " << f << " corners " << i << ", " << j;
+                }
+            }
+        }
+    }
+    EXPECT_GT(sides, 0);
 }
 
 TEST(UvAtlas, WithoutCapsTheSidesFillTwoRows) {
