@@ -5,48 +5,57 @@
 
 namespace oz {
 
+std::vector<int32_t>& Component::writable() {
+    if (elements_.use_count() > 1)
+        elements_ = std::make_shared<std::vector<int32_t>>(*elements_);
+    return *elements_;
+}
+
 bool Component::contains(int32_t element) const {
-    return std::binary_search(elements_.begin(), elements_.end(), element);
+    return std::binary_search(elements().begin(), elements().end(), element);
 }
 
 bool Component::containsAll(const Component& other) const {
-    return kind_ == other.kind_ &&
-           std::includes(elements_.begin(), elements_.end(), other.elements_.begin(), other.elements_.end());
+    return kind_ == other.kind_ && std::includes(elements().begin(), elements().end(),
+                                                 other.elements().begin(), other.elements().end());
 }
 
 void Component::add(int32_t element) {
+    std::vector<int32_t>& members = writable();
     // Groups are mostly filled in ascending order; appending keeps that case linear.
-    if (elements_.empty() || element > elements_.back()) {
-        elements_.push_back(element);
+    if (members.empty() || element > members.back()) {
+        members.push_back(element);
         return;
     }
-    const auto it = std::lower_bound(elements_.begin(), elements_.end(), element);
+    const auto it = std::lower_bound(members.begin(), members.end(), element);
     if (*it != element)
-        elements_.insert(it, element);
+        members.insert(it, element);
 }
 
 void Component::add(std::span<const int32_t> elements) {
     if (elements.empty())
         return;
-    const auto middle = static_cast<std::ptrdiff_t>(elements_.size());
-    elements_.insert(elements_.end(), elements.begin(), elements.end());
+    std::vector<int32_t>& members = writable();
+    const auto middle = static_cast<std::ptrdiff_t>(members.size());
+    members.insert(members.end(), elements.begin(), elements.end());
     // Lists are mostly handed over in order and without repeats (a solid's face groups hold half
     // a million ids), and one check for that costs far less than a sort and a sweep for repeats.
-    const bool risingAfterOld = middle == 0 || elements_[middle] > elements_[middle - 1];
-    if (risingAfterOld && std::adjacent_find(elements_.begin() + middle, elements_.end(),
-                                             std::greater_equal<>()) == elements_.end())
+    const bool risingAfterOld = middle == 0 || members[middle] > members[middle - 1];
+    if (risingAfterOld &&
+        std::adjacent_find(members.begin() + middle, members.end(), std::greater_equal<>()) == members.end())
         return;
-    if (!std::is_sorted(elements_.begin() + middle, elements_.end()))
-        std::sort(elements_.begin() + middle, elements_.end());
-    if (middle > 0 && middle < std::ssize(elements_) && elements_[middle] < elements_[middle - 1])
-        std::inplace_merge(elements_.begin(), elements_.begin() + middle, elements_.end());
-    elements_.erase(std::unique(elements_.begin(), elements_.end()), elements_.end());
+    if (!std::is_sorted(members.begin() + middle, members.end()))
+        std::sort(members.begin() + middle, members.end());
+    if (middle > 0 && middle < std::ssize(members) && members[middle] < members[middle - 1])
+        std::inplace_merge(members.begin(), members.begin() + middle, members.end());
+    members.erase(std::unique(members.begin(), members.end()), members.end());
 }
 
 void Component::remove(std::span<const int32_t> elements) {
+    std::vector<int32_t>& members = writable();
     std::vector<int32_t> gone(elements.begin(), elements.end());
     std::sort(gone.begin(), gone.end());
-    std::erase_if(elements_, [&](int32_t e) { return std::binary_search(gone.begin(), gone.end(), e); });
+    std::erase_if(members, [&](int32_t e) { return std::binary_search(gone.begin(), gone.end(), e); });
 }
 
 } // namespace oz

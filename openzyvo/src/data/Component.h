@@ -3,6 +3,7 @@
 #include "core/Object.h"
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -27,7 +28,7 @@ public:
                type == kind_;
     }
 
-    const std::vector<int32_t>& elements() const { return elements_; }
+    const std::vector<int32_t>& elements() const { return *elements_; }
     bool contains(int32_t element) const;
     bool containsAll(const Component& other) const;
 
@@ -37,12 +38,17 @@ public:
     void remove(std::span<const int32_t> elements);
 
     friend bool operator==(const Component& a, const Component& b) {
-        return a.kind_ == b.kind_ && a.elements_ == b.elements_;
+        return a.kind_ == b.kind_ && *a.elements_ == *b.elements_;
     }
 
 private:
+    // The members to change, no longer shared with any copy.
+    std::vector<int32_t>& writable();
+
     ZFn::Type kind_;
-    std::vector<int32_t> elements_;
+    // Shared between copies until one of them changes its members: components travel into lists
+    // and groups by copy, and the groups of a solid of text hold half a million faces.
+    std::shared_ptr<std::vector<int32_t>> elements_ = std::make_shared<std::vector<int32_t>>();
 };
 
 } // namespace oz
