@@ -19,12 +19,12 @@
 #include <OpenZyvo/ZGlobal.h>
 #include <algorithm>
 #include <iostream>
+#include <numeric>
 #include <string>
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 #include <tbb/task_group.h>
 #include <tuple>
-#include <unordered_map>
 
 namespace type {
 
@@ -81,35 +81,43 @@ ZStatus layOutInput(const ZFnMesh& mesh, const ZPointArray& points, InputLayout&
     ZColorArray colours;
     if (status = mesh.getVertexColors(colours, &white); !status)
         return reportApiError(status, unit);
+    ZIntArray faceSizes;
+    ZIntArray faceVertices;
+    if (status = mesh.getVertices(faceSizes, faceVertices); !status)
+        return reportApiError(status, unit);
+    const auto faceCount = static_cast<int>(faceSizes.length());
 
-    std::vector<bool> inHole(points.length(), false);
-    std::unordered_map<int, std::vector<std::vector<int>>> holesOfFace;
+    // The holes of each face, as entries of holeInfo (face, size, first), in the order given.
+    std::vector<char> inHole(points.length(), 0);
+    std::vector<int> holeStarts(static_cast<std::size_t>(faceCount) + 1, 0);
     for (unsigned int h = 0; h + 2 < holeInfo.length(); h += 3) {
-        std::vector<int> loop;
-        for (int i = 0; i < holeInfo[h + 1]; ++i) {
-            const int vertex = holeVertices[holeInfo[h + 2] + i];
-            inHole[vertex] = true;
-            loop.push_back(vertex);
-        }
-        holesOfFace[holeInfo[h]].push_back(std::move(loop));
+        for (int i = 0; i < holeInfo[h + 1]; ++i)
+            inHole[static_cast<std::size_t>(holeVertices[holeInfo[h + 2] + i])] = 1;
+        if (holeInfo[h] >= 0 && holeInfo[h] < faceCount)
+            ++holeStarts[static_cast<std::size_t>(holeInfo[h]) + 1];
+    }
+    std::partial_sum(holeStarts.begin(), holeStarts.end(), holeStarts.begin());
+    std::vector<unsigned int> holesByFace(static_cast<std::size_t>(holeStarts.back()));
+    std::vector<int> placed(holeStarts.begin(), holeStarts.end() - 1);
+    for (unsigned int h = 0; h + 2 < holeInfo.length(); h += 3) {
+        if (holeInfo[h] >= 0 && holeInfo[h] < faceCount)
+            holesByFace[static_cast<std::size_t>(placed[static_cast<std::size_t>(holeInfo[h])]++)] = h;
     }
 
-    const int faceCount = mesh.numPolygons(&status);
-    if (!status)
-        return reportApiError(status, unit);
-    ZIntArray vertices;
+    std::vector<int> outer;
+    unsigned int next = 0;
     for (int f = 0; f < faceCount; ++f) {
-        if (status = mesh.getPolygonVertices(f, vertices); !status)
-            return reportApiError(status, unit);
+        const unsigned int first = next;
+        next += static_cast<unsigned int>(faceSizes[static_cast<unsigned int>(f)]);
+        outer.clear();
+        for (unsigned int i = first; i < next; ++i)
+            if (!inHole[static_cast<std::size_t>(faceVertices[i])])
+                outer.push_back(faceVertices[i]);
+        if (outer.size() < 3)
+            continue;
         ZVector normal;
         if (status = mesh.getPolygonNormal(f, normal); !status)
             return reportApiError(status, unit);
-        std::vector<int> outer;
-        for (const int v : vertices)
-            if (!inHole[v])
-                outer.push_back(v);
-        if (outer.size() < 3)
-            continue;
         SolidFace face{{},  FaceFrame({normal.x, normal.y, normal.z}),
                        0.0, outer.front(),
                        f,   point3(points[outer.front()])};
@@ -117,21 +125,26 @@ ZStatus layOutInput(const ZFnMesh& mesh, const ZPointArray& points, InputLayout&
             const Point3 p = point3(points[v]);
             return Point3{p.x - face.anchor.x, p.y - face.anchor.y, p.z - face.anchor.z};
         };
+        face.outline.points.reserve(next - first);
         for (const int v : outer) {
             face.outline.points.push_back(face.frame.toPlane(fromAnchor(v)));
             face.height += face.frame.height(fromAnchor(v));
         }
         face.height /= static_cast<double>(outer.size());
         face.outline.loopSizes.push_back(static_cast<int>(outer.size()));
-        for (const std::vector<int>& loop : holesOfFace[f]) {
-            if (loop.size() < 3)
+        for (int k = holeStarts[static_cast<std::size_t>(f)]; k < holeStarts[static_cast<std::size_t>(f) + 1];
+             ++k) {
+            const unsigned int h = holesByFace[static_cast<std::size_t>(k)];
+            const int size = holeInfo[h + 1];
+            if (size < 3)
                 continue;
-            for (const int v : loop)
-                face.outline.points.push_back(face.frame.toPlane(fromAnchor(v)));
-            face.outline.loopSizes.push_back(static_cast<int>(loop.size()));
+            for (int i = 0; i < size; ++i)
+                face.outline.points.push_back(
+                    face.frame.toPlane(fromAnchor(holeVertices[holeInfo[h + 2] + i])));
+            face.outline.loopSizes.push_back(size);
         }
         out.faces.push_back(std::move(face));
-        out.colours.push_back(colours[outer.front()]);
+        out.colours.push_back(colours[static_cast<unsigned int>(outer.front())]);
     }
     return ZStatus::kSuccess;
 }
