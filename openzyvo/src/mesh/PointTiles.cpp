@@ -9,6 +9,7 @@
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 #include <tbb/parallel_reduce.h>
+#include <tbb/task_arena.h>
 
 namespace oz::mesh {
 
@@ -22,6 +23,13 @@ constexpr size_t kSliceSize = 65536;
 
 double coordinate(Point3 p, int axis) {
     return axis == 0 ? p.x : (axis == 1 ? p.y : p.z);
+}
+
+// Rounds to the nearest float, saturating past the float range instead of overflowing. It never
+// decreases as its argument grows, which is all a key needs to rule points out safely.
+float floatKey(double value) {
+    constexpr auto kMax = static_cast<double>(std::numeric_limits<float>::max());
+    return static_cast<float>(std::clamp(value, -kMax, kMax));
 }
 
 BoundingBox finiteBounds(std::span<const Point3> points) {
@@ -89,13 +97,28 @@ PointTiles::PointTiles(std::span<const Point3> points, double minTileSize) {
     for (size_t axis = 0; axis < 3; ++axis)
         dims_[axis] = static_cast<int64_t>(std::floor(extent[axis] * inverseTileSize_)) + 1;
     const auto tileCount = static_cast<size_t>(dims_[0] * dims_[1] * dims_[2]);
+    // Keys tell points apart along the axis the tiles cut most coarsely, leaving out axes the
+    // points do not spread along (a flat text's z).
+    for (int axis = 1; axis >= 0; --axis) {
+        const auto a = static_cast<size_t>(axis);
+        const auto key = static_cast<size_t>(keyAxis_);
+        if (extent[a] > 0.0 && (extent[key] == 0.0 || dims_[a] < dims_[key]))
+            keyAxis_ = axis;
+    }
 
     // A counting sort by tile, slice by slice: each slice counts its points per tile, the counts
     // are laid out tile by tile and slice by slice within a tile, and each slice then writes its
-    // ids into its own places, so ids stay ascending within a tile.
-    const size_t slices = std::max<size_t>(1, std::min<size_t>(16, points.size() / kSliceSize));
+    // entries into its own places, so ids stay ascending within a tile. The table of counts is
+    // slices x tiles, so there are no more slices than cores to run them.
+    const auto cores = static_cast<size_t>(std::max(1, tbb::this_task_arena::max_concurrency()));
+    const size_t slices = std::clamp<size_t>(points.size() / kSliceSize, 1, std::min<size_t>(16, cores));
     const size_t sliceSize = (points.size() + slices - 1) / slices;
-    std::vector<int32_t, UninitialisedAllocator<int32_t>> tileOfPoint(points.size());
+    // Per point, its key and its tile (-1 for a point left out), worked out once for both passes.
+    struct Placed {
+        float key;
+        int32_t tile;
+    };
+    std::vector<Placed, UninitialisedAllocator<Placed>> placed(points.size());
     std::vector<int32_t> counts(slices * tileCount, 0);
     tbb::parallel_for(size_t{0}, slices, [&](size_t slice) {
         int32_t* sliceCounts = counts.data() + slice * tileCount;
@@ -103,11 +126,11 @@ PointTiles::PointTiles(std::span<const Point3> points, double minTileSize) {
         for (size_t i = slice * sliceSize; i < end; ++i) {
             const Point3 p = points[i];
             if (!isFinite(p)) {
-                tileOfPoint[i] = -1;
+                placed[i].tile = -1;
                 continue;
             }
             const int64_t tile = (tileOf(2, p.z) * dims_[1] + tileOf(1, p.y)) * dims_[0] + tileOf(0, p.x);
-            tileOfPoint[i] = static_cast<int32_t>(tile);
+            placed[i] = {floatKey(coordinate(p, keyAxis_)), static_cast<int32_t>(tile)};
             ++sliceCounts[tile];
         }
     });
@@ -123,13 +146,13 @@ PointTiles::PointTiles(std::span<const Point3> points, double minTileSize) {
         }
     }
     starts_[tileCount] = next;
-    ids_.resize(static_cast<size_t>(next));
+    entries_.resize(static_cast<size_t>(next));
     tbb::parallel_for(size_t{0}, slices, [&](size_t slice) {
         int32_t* place = counts.data() + slice * tileCount;
         const size_t end = std::min(points.size(), (slice + 1) * sliceSize);
         for (size_t i = slice * sliceSize; i < end; ++i) {
-            if (const int32_t tile = tileOfPoint[i]; tile >= 0)
-                ids_[static_cast<size_t>(place[tile]++)] = static_cast<int32_t>(i);
+            if (const auto [key, tile] = placed[i]; tile >= 0)
+                entries_[static_cast<size_t>(place[tile]++)] = {key, static_cast<int32_t>(i)};
         }
     });
 }
@@ -160,6 +183,14 @@ bool PointTiles::tileRange(int axis, Point3 p, double reach, int64_t& lo, int64_
     lo = static_cast<int64_t>(std::max(low, 0.0));
     hi = static_cast<int64_t>(std::min(high, last));
     return true;
+}
+
+PointTiles::KeyRange PointTiles::keyRange(Point3 p, double reach) const {
+    // A key is the nearest float to its coordinate, and the bounds here are rounded twice (to a
+    // double, then to a float); one float step outwards covers both roundings.
+    const double c = coordinate(p, keyAxis_);
+    return {std::nextafter(floatKey(c - reach), -std::numeric_limits<float>::infinity()),
+            std::nextafter(floatKey(c + reach), std::numeric_limits<float>::infinity())};
 }
 
 } // namespace oz::mesh
