@@ -223,6 +223,34 @@ TEST(VertexMerge, TiledIndexAgreesWithBruteForceOnStackedRings) {
     }
 }
 
+// The tiles are laid out over the box of a sample of the points. Points the sample misses, a few
+// far outside it or so many that the tiles are laid out again over all points, must be found as
+// surely as the rest, also by queries beyond every indexed point.
+TEST(VertexMerge, TiledIndexFindsPointsItsSampleMissed) {
+    std::mt19937 random(29);
+    const double tolerance = 1e-3;
+    for (const int strayEvery : {500, 2}) {
+        std::vector<Point3> points;
+        for (int i = 0; i < 8000; ++i) {
+            const double a = 0.01 * i;
+            points.push_back({std::cos(a) * (1.0 + 0.0001 * i), std::sin(a), 0.001 * (i % 7)});
+            if (i % strayEvery == 1) // odd ids, which a sample of every 2^k-th point never holds
+                points.back() = {(i % 2 ? 40.0 : -25.0) + 0.01 * i, -9.0 - 0.001 * i, 3.0};
+        }
+        VertexMergeIndex index(tolerance);
+        index.extend(points);
+        std::uniform_int_distribution<size_t> pick(0, points.size() - 1);
+        std::uniform_real_distribution<double> nudge(-1.2 * tolerance, 1.2 * tolerance);
+        for (int i = 0; i < 3000; ++i) {
+            Point3 q = points[i % 3 == 0 ? static_cast<size_t>(strayEvery * (i % 16) + 1) : pick(random)];
+            q = {q.x + nudge(random), q.y + nudge(random), q.z};
+            if (i % 100 == 0)
+                q = {100.0, 100.0, -100.0};
+            ASSERT_EQ(index.find(q, points), closestWithin(points, q, tolerance)) << strayEvery << " " << i;
+        }
+    }
+}
+
 // Points spread over the whole double range must neither stall the tiling nor be lost to it.
 TEST(VertexMerge, TiledIndexCopesWithExtremeCoordinates) {
     const double big = std::numeric_limits<double>::max();
