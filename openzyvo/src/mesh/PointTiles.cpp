@@ -216,9 +216,11 @@ void PointTiles::tileRange(int axis, Point3 p, double reach, int64_t& lo, int64_
     // more than their rounding, so that it never misses the tile of a point within reach. Points
     // outside the tiles were put in the nearest one, so the range is clamped to the tiles, not
     // emptied when it falls outside them.
+    // Clamped to the tiles first, the ends are never negative, so truncation is their floor (a
+    // call to the library's floor is a good part of a lookup).
     const double slack = 1e-9 + std::abs(scaled) * 1e-15;
-    const double low = std::floor(scaled - reach * inverseTileSize_ - slack);
-    const double high = std::floor(scaled + reach * inverseTileSize_ + slack);
+    const double low = scaled - reach * inverseTileSize_ - slack;
+    const double high = scaled + reach * inverseTileSize_ + slack;
     lo = static_cast<int64_t>(low > 0.0 ? std::min(low, last) : 0.0);
     hi = static_cast<int64_t>(high > 0.0 ? std::min(high, last) : 0.0);
 }
