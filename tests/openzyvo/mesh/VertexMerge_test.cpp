@@ -149,7 +149,7 @@ TEST(VertexMerge, IndexFindsPointsAcrossCellSides) {
 TEST(VertexMerge, TiledIndexAgreesWithBruteForce) {
     std::mt19937 random(19);
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const double tolerance : {1e-10, 1e-3, 0.2}) {
+    for (const double tolerance : {0.0, 1e-10, 1e-3, 0.2}) {
         for (const bool flat : {true, false}) {
             std::uniform_real_distribution<double> coordinate(-40.0, 90.0);
             std::vector<Point3> points(6000);
