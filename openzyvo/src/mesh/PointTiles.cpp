@@ -9,6 +9,7 @@
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 #include <tbb/parallel_reduce.h>
+#include <tbb/task_arena.h>
 
 namespace oz::mesh {
 
@@ -124,7 +125,10 @@ PointTiles::PointTiles(std::span<const Point3> points, double minTileSize) {
     // A counting sort by tile, slice by slice: each slice counts its points per tile, the counts
     // are laid out tile by tile and slice by slice within a tile, and each slice then writes its
     // ids into its own places, so ids stay ascending within a tile.
-    const size_t slices = std::max<size_t>(1, std::min<size_t>(16, points.size() / kSliceSize));
+    // The table of counts is slices x tiles, laid out on one core, so there are no more slices
+    // than cores to run them.
+    const auto cores = static_cast<size_t>(std::max(1, tbb::this_task_arena::max_concurrency()));
+    const size_t slices = std::max<size_t>(1, std::min({size_t{16}, cores, points.size() / kSliceSize}));
     const size_t sliceSize = (points.size() + slices - 1) / slices;
     std::vector<int32_t, UninitialisedAllocator<int32_t>> tileOfPoint(points.size());
     std::vector<int32_t> counts(slices * tileCount, 0);
