@@ -4,6 +4,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <numbers>
 #include <random>
 
 namespace oz::mesh {
@@ -189,7 +190,7 @@ TEST(VertexMerge, TiledIndexAgreesWithBruteForce) {
 // A solid stacks rings of nearly the same outline at many depths, so one tile holds points of
 // every ring, some a hair apart in depth, some at one depth a hair apart across it. Lookups on,
 // near and between the rings must agree with a scan, flat and tilted (so that depth is no longer
-// one axis), near the origin and far from it, where a coordinate's float rounding is coarse.
+// one axis), near the origin and far from it.
 TEST(VertexMerge, TiledIndexAgreesWithBruteForceOnStackedRings) {
     std::mt19937 random(23);
     const double tolerance = 1e-6;
@@ -197,11 +198,10 @@ TEST(VertexMerge, TiledIndexAgreesWithBruteForceOnStackedRings) {
         for (const bool tilted : {false, true}) {
             std::vector<Point3> points;
             for (int ring = 0; ring < 40; ++ring) {
-                // Depths come in pairs closer than the tolerance, and closer than a float step
-                // far from the origin.
+                // Depths come in pairs closer than the tolerance.
                 const double depth = 0.01 * (ring / 2) + (ring % 2) * 0.6 * tolerance;
                 for (int j = 0; j < 150; ++j) {
-                    const double a = 2.0 * 3.14159265358979 * j / 150.0;
+                    const double a = 2.0 * std::numbers::pi * j / 150.0;
                     const double r = 0.3 + 0.001 * (ring % 5) + (j % 3 == 0 ? 0.5 * tolerance : 0.0);
                     const Point3 p{r * std::cos(a), r * std::sin(a), depth};
                     const Point3 t = tilted ? Point3{p.x + 0.3 * p.z, p.y, p.z - 0.3 * p.x} : p;
