@@ -9,6 +9,7 @@
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
 #include <tbb/parallel_reduce.h>
+#include <tbb/task_arena.h>
 
 namespace oz::mesh {
 
@@ -41,6 +42,37 @@ BoundingBox finiteBounds(std::span<const Point3> points) {
             }
             return a;
         });
+}
+
+// How points map to tiles, copied out of the tiles into plain values for the loop below.
+struct TileGrid {
+    Point3 origin;
+    double inverseTileSize;
+    Point3 last; // the last tile along each axis
+    int64_t columns, rows;
+};
+
+// Sorts each of `points` into its tile and counts it in `counts`. Indexed points lie in the box,
+// so the scaled offset is never negative and truncation is its floor; the clamp to the last tile
+// only catches rounding. The grid arrives by value, so that its fields stay in registers across
+// the stores.
+void placeSlice(std::span<const Point3> points, TileGrid grid, int32_t* tiles, int32_t* counts) {
+    const auto tileAlong = [&](double value, double origin, double last) {
+        return static_cast<int64_t>(std::min((value - origin) * grid.inverseTileSize, last));
+    };
+    for (size_t i = 0; i < points.size(); ++i) {
+        const Point3 p = points[i];
+        if (!isFinite(p)) {
+            tiles[i] = -1;
+            continue;
+        }
+        const int64_t x = tileAlong(p.x, grid.origin.x, grid.last.x);
+        const int64_t y = tileAlong(p.y, grid.origin.y, grid.last.y);
+        const int64_t z = tileAlong(p.z, grid.origin.z, grid.last.z);
+        const int64_t tile = (z * grid.rows + y) * grid.columns + x;
+        tiles[i] = static_cast<int32_t>(tile);
+        ++counts[tile];
+    }
 }
 
 // A tile width that cuts `extent` into about `tiles` tiles, counting only the axes the points
@@ -93,23 +125,24 @@ PointTiles::PointTiles(std::span<const Point3> points, double minTileSize) {
     // A counting sort by tile, slice by slice: each slice counts its points per tile, the counts
     // are laid out tile by tile and slice by slice within a tile, and each slice then writes its
     // ids into its own places, so ids stay ascending within a tile.
-    const size_t slices = std::max<size_t>(1, std::min<size_t>(16, points.size() / kSliceSize));
+    // The table of counts is slices x tiles, laid out on one core, so there are no more slices
+    // than cores to run them.
+    const auto cores = static_cast<size_t>(std::max(1, tbb::this_task_arena::max_concurrency()));
+    const size_t slices = std::max<size_t>(1, std::min({size_t{16}, cores, points.size() / kSliceSize}));
     const size_t sliceSize = (points.size() + slices - 1) / slices;
     std::vector<int32_t, UninitialisedAllocator<int32_t>> tileOfPoint(points.size());
     std::vector<int32_t> counts(slices * tileCount, 0);
+    const TileGrid grid{{origin_[0], origin_[1], origin_[2]},
+                        inverseTileSize_,
+                        {static_cast<double>(dims_[0] - 1), static_cast<double>(dims_[1] - 1),
+                         static_cast<double>(dims_[2] - 1)},
+                        dims_[0],
+                        dims_[1]};
     tbb::parallel_for(size_t{0}, slices, [&](size_t slice) {
-        int32_t* sliceCounts = counts.data() + slice * tileCount;
-        const size_t end = std::min(points.size(), (slice + 1) * sliceSize);
-        for (size_t i = slice * sliceSize; i < end; ++i) {
-            const Point3 p = points[i];
-            if (!isFinite(p)) {
-                tileOfPoint[i] = -1;
-                continue;
-            }
-            const int64_t tile = (tileOf(2, p.z) * dims_[1] + tileOf(1, p.y)) * dims_[0] + tileOf(0, p.x);
-            tileOfPoint[i] = static_cast<int32_t>(tile);
-            ++sliceCounts[tile];
-        }
+        const size_t begin = slice * sliceSize;
+        const size_t end = std::min(points.size(), begin + sliceSize);
+        placeSlice(points.subspan(begin, end - begin), grid, tileOfPoint.data() + begin,
+                   counts.data() + slice * tileCount);
     });
     starts_.resize(tileCount + 1);
     int32_t next = 0;
@@ -134,13 +167,6 @@ PointTiles::PointTiles(std::span<const Point3> points, double minTileSize) {
     });
 }
 
-int64_t PointTiles::tileOf(int axis, double value) const {
-    // Indexed points lie in the box, so the scaled offset is never negative and truncation is
-    // its floor; one conversion per axis is most of what sorting the points costs.
-    const double t = (value - origin_[static_cast<size_t>(axis)]) * inverseTileSize_;
-    return static_cast<int64_t>(std::min(t, static_cast<double>(dims_[static_cast<size_t>(axis)] - 1)));
-}
-
 bool PointTiles::tileRange(int axis, Point3 p, double reach, int64_t& lo, int64_t& hi) const {
     const double scaled = (coordinate(p, axis) - origin_[static_cast<size_t>(axis)]) * inverseTileSize_;
     const auto last = static_cast<double>(dims_[static_cast<size_t>(axis)] - 1);
@@ -153,10 +179,12 @@ bool PointTiles::tileRange(int axis, Point3 p, double reach, int64_t& lo, int64_
     // A point's tile and the range are worked out from rounded values; the range is widened by
     // more than their rounding, so that it never misses the tile of a point within reach.
     const double slack = 1e-9 + std::abs(scaled) * 1e-15;
-    const double low = std::floor(scaled - reach * inverseTileSize_ - slack);
-    const double high = std::floor(scaled + reach * inverseTileSize_ + slack);
-    if (!(high >= 0.0) || !(low <= last))
+    const double low = scaled - reach * inverseTileSize_ - slack;
+    const double high = scaled + reach * inverseTileSize_ + slack;
+    if (!(high >= 0.0) || !(low < last + 1.0))
         return false;
+    // Clamped to the tiles first, the ends are never negative, so truncation is their floor: a
+    // call to the library's floor costs a good part of a lookup.
     lo = static_cast<int64_t>(std::max(low, 0.0));
     hi = static_cast<int64_t>(std::min(high, last));
     return true;

@@ -21,7 +21,8 @@ public:
     PointTiles(std::span<const Point3> points, double minTileSize);
 
     // Calls visit(id) for every point whose tile the cube of half-width `reach` around `p`
-    // touches, in ascending id order within each tile.
+    // touches, in ascending id order within each tile; visit returns false to skip the rest of
+    // the tile (the points of higher ids).
     template <class Visit> void forEachNear(Point3 p, double reach, Visit&& visit) const {
         std::array<int64_t, 3> lo{};
         std::array<int64_t, 3> hi{};
@@ -33,8 +34,10 @@ public:
             for (int64_t y = lo[1]; y <= hi[1]; ++y) {
                 for (int64_t x = lo[0]; x <= hi[0]; ++x) {
                     const size_t tile = static_cast<size_t>((z * dims_[1] + y) * dims_[0] + x);
-                    for (int32_t i = starts_[tile]; i < starts_[tile + 1]; ++i)
-                        visit(ids_[static_cast<size_t>(i)]);
+                    for (int32_t i = starts_[tile]; i < starts_[tile + 1]; ++i) {
+                        if (!visit(ids_[static_cast<size_t>(i)]))
+                            break;
+                    }
                 }
             }
         }
@@ -43,7 +46,6 @@ public:
 private:
     // The tiles along `axis` that [p - reach, p + reach] overlaps; false when it misses them all.
     bool tileRange(int axis, Point3 p, double reach, int64_t& lo, int64_t& hi) const;
-    int64_t tileOf(int axis, double value) const;
 
     std::array<double, 3> origin_{};
     double inverseTileSize_ = 0.0;

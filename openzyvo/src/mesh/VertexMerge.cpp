@@ -159,8 +159,14 @@ int32_t VertexMergeIndex::find(Point3 p, std::span<const Point3> points) const {
             bestDistance = distance;
         }
     };
-    if (tiles_)
-        tiles_->forEachNear(p, tolerance_, consider);
+    if (tiles_) {
+        // A point on p is the best a tile can hold after its lower ids: a solid's holes are put
+        // back onto its own vertices, so most lookups end part way through a tile.
+        tiles_->forEachNear(p, tolerance_, [&](int32_t id) {
+            consider(id);
+            return !(bestDistance == 0.0 && best >= 0 && best <= id);
+        });
+    }
     if (indexedCount_ == tiledCount_)
         return best;
     const Cell own = cellOf(p);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <numbers>
 #include <random>
 
 namespace oz::mesh {
@@ -149,7 +150,7 @@ TEST(VertexMerge, IndexFindsPointsAcrossCellSides) {
 TEST(VertexMerge, TiledIndexAgreesWithBruteForce) {
     std::mt19937 random(19);
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const double tolerance : {1e-10, 1e-3, 0.2}) {
+    for (const double tolerance : {0.0, 1e-10, 1e-3, 0.2}) {
         for (const bool flat : {true, false}) {
             std::uniform_real_distribution<double> coordinate(-40.0, 90.0);
             std::vector<Point3> points(6000);
@@ -182,6 +183,69 @@ TEST(VertexMerge, TiledIndexAgreesWithBruteForce) {
                     << tolerance << " " << flat << " " << i;
             }
             EXPECT_EQ(index.find({nan, 0.0, 0.0}, points), -1);
+        }
+    }
+}
+
+// A solid stacks rings of nearly the same outline at many depths, so one tile holds points of
+// every ring, some a hair apart in depth, some at one depth a hair apart across it. Lookups on,
+// near and between the rings must agree with a scan, flat and tilted (so that depth is no longer
+// one axis), near the origin and far from it.
+TEST(VertexMerge, TiledIndexAgreesWithBruteForceOnStackedRings) {
+    std::mt19937 random(23);
+    const double tolerance = 1e-6;
+    for (const double offset : {0.0, 3.0e5}) {
+        for (const bool tilted : {false, true}) {
+            std::vector<Point3> points;
+            for (int ring = 0; ring < 40; ++ring) {
+                // Depths come in pairs closer than the tolerance.
+                const double depth = 0.01 * (ring / 2) + (ring % 2) * 0.6 * tolerance;
+                for (int j = 0; j < 150; ++j) {
+                    const double a = 2.0 * std::numbers::pi * j / 150.0;
+                    const double r = 0.3 + 0.001 * (ring % 5) + (j % 3 == 0 ? 0.5 * tolerance : 0.0);
+                    const Point3 p{r * std::cos(a), r * std::sin(a), depth};
+                    const Point3 t = tilted ? Point3{p.x + 0.3 * p.z, p.y, p.z - 0.3 * p.x} : p;
+                    points.push_back({t.x + offset, t.y + offset, t.z + offset});
+                }
+            }
+            VertexMergeIndex index(tolerance);
+            index.extend(points);
+            std::uniform_int_distribution<size_t> pick(0, points.size() - 1);
+            std::uniform_real_distribution<double> nudge(-1.5 * tolerance, 1.5 * tolerance);
+            for (int i = 0; i < 4000; ++i) {
+                Point3 q = points[pick(random)];
+                if (i % 2 == 1)
+                    q = {q.x + nudge(random), q.y + nudge(random), q.z + nudge(random)};
+                ASSERT_EQ(index.find(q, points), closestWithin(points, q, tolerance))
+                    << offset << " " << tilted << " " << i;
+            }
+        }
+    }
+}
+
+// A few points far from the rest, or every other point, stretch the tiles' box: those points
+// must be found as surely as the rest, and queries beyond every indexed point find nothing.
+TEST(VertexMerge, TiledIndexFindsOutlyingPoints) {
+    std::mt19937 random(29);
+    const double tolerance = 1e-3;
+    for (const int strayEvery : {500, 2}) {
+        std::vector<Point3> points;
+        for (int i = 0; i < 8000; ++i) {
+            const double a = 0.01 * i;
+            points.push_back({std::cos(a) * (1.0 + 0.0001 * i), std::sin(a), 0.001 * (i % 7)});
+            if (i % strayEvery == 1)
+                points.back() = {(i % 4 == 1 ? 40.0 : -25.0) + 0.01 * i, -9.0 - 0.001 * i, 3.0};
+        }
+        VertexMergeIndex index(tolerance);
+        index.extend(points);
+        std::uniform_int_distribution<size_t> pick(0, points.size() - 1);
+        std::uniform_real_distribution<double> nudge(-1.2 * tolerance, 1.2 * tolerance);
+        for (int i = 0; i < 3000; ++i) {
+            Point3 q = points[i % 3 == 0 ? static_cast<size_t>(strayEvery * (i % 16) + 1) : pick(random)];
+            q = {q.x + nudge(random), q.y + nudge(random), q.z};
+            if (i % 100 == 0)
+                q = {100.0, 100.0, -100.0};
+            ASSERT_EQ(index.find(q, points), closestWithin(points, q, tolerance)) << strayEvery << " " << i;
         }
     }
 }
