@@ -104,20 +104,26 @@ Status FaceLoops::singleLoopFaces(std::span<const int32_t> faceCounts, std::span
         const auto [begin, end] = blockRange(block);
         auto start = static_cast<int32_t>(blockStarts[block]);
         const auto blockEnd = static_cast<size_t>(blockStarts[block + 1]);
-        // Plain or-ed comparisons rather than early exits: the range check vectorises, and the
-        // rare bad input is looked at again anyway.
+        // Plain comparisons over the block's ids rather than a loop per face with early exits:
+        // both flat loops vectorise, and the rare bad input is looked at again anyway. A loop
+        // must not repeat a vertex back to back: equal neighbours in the block are counted, less
+        // those that meet across the border of two faces.
         uint32_t bad = 0;
+        int32_t repeats = 0;
         for (size_t i = static_cast<size_t>(start); i != blockEnd; ++i)
             bad |= static_cast<uint32_t>(vertexIds[i]) >= limit;
+        for (size_t i = static_cast<size_t>(start) + 1; i < blockEnd; ++i)
+            repeats += vertexIds[i] == vertexIds[i - 1];
         for (size_t f = begin; f != end; ++f) {
             const int32_t count = faceCounts[f];
             const int32_t* loop = vertexIds.data() + start;
             bad |= loop[0] == loop[count - 1];
-            for (int32_t i = 1; i < count; ++i)
-                bad |= loop[i] == loop[i - 1];
+            if (f != begin)
+                repeats -= loop[0] == loop[-1];
             out.faces_[f] = {start, count, static_cast<int32_t>(f), 1};
             start += count;
         }
+        bad |= repeats != 0;
         std::copy(vertexIds.begin() + blockStarts[block], vertexIds.begin() + blockStarts[block + 1],
                   out.vertexIds_.begin() + blockStarts[block]);
         blockBad[block] = bad != 0;

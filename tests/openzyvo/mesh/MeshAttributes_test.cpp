@@ -61,6 +61,16 @@ TEST(MeshCreate, LargeMeshesAreLaidOutWholeAndNameTheirFirstBadLoop) {
     counts[35000] = 2;
     EXPECT_EQ(mesh.create(points, counts, connects), Status::InvalidArgument);
     EXPECT_EQ(mesh.faceCount(), kQuads);
+
+    // A face may start on the vertex the face before it ended on.
+    std::vector<int32_t> chain;
+    for (int32_t t = 0; t < kQuads; ++t)
+        chain.insert(chain.end(), {2 * t, 2 * t + 1, 2 * t + 2});
+    ASSERT_EQ(mesh.create(std::vector<Point3>(2 * kQuads + 1), std::vector<int32_t>(kQuads, 3), chain),
+              Status::Success);
+    chain[3 * 25000 + 1] = chain[3 * 25000];
+    EXPECT_EQ(mesh.create(std::vector<Point3>(2 * kQuads + 1), std::vector<int32_t>(kQuads, 3), chain),
+              Status::DegenerateLoop);
 }
 
 TEST(MeshPoints, GetSetAndBounds) {
