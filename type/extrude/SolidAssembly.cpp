@@ -299,15 +299,6 @@ void placeShapePoints(const std::vector<SolidFace>& faces, const FaceShapes& sha
         });
 }
 
-void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
-                 const RingOffsetter& offsetter, std::vector<Point3>& out) {
-    const ShapePoints points = shapePoints(faces, shapes, profile, offsetter);
-    out.resize(points.starts.back());
-    placeShapePoints(faces, shapes, points, [&](std::size_t first, std::span<const Point3> placed) {
-        std::copy(placed.begin(), placed.end(), out.begin() + static_cast<std::ptrdiff_t>(first));
-    });
-}
-
 std::vector<int> solidCharacterEnds(const std::vector<SolidFace>& faces, const SolidTopology& topology,
                                     const std::vector<int>& inputCharacterEnds) {
     std::vector<int> ends(inputCharacterEnds.size(), 0);

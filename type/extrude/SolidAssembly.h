@@ -91,10 +91,6 @@ using PointSink = std::function<void(std::size_t first, std::span<const Point3> 
 void placeShapePoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
                       const ShapePoints& points, const PointSink& put);
 
-// The solid's points in the topology's order; `out` is resized to fit.
-void solidPoints(const std::vector<SolidFace>& faces, const FaceShapes& shapes, const Profile& profile,
-                 const RingOffsetter& offsetter, std::vector<Point3>& out);
-
 // The running end of each character's vertices in the solid, from the running
 // ends of its vertices in the input: a face belongs to the character that
 // owns its first input vertex.

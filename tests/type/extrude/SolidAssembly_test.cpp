@@ -161,13 +161,10 @@ TEST(SolidAssembly, CharacterEndsCountTheSolidVerticesOfEachCharactersFaces) {
 TEST(SolidAssembly, ARingOfTheWrongSizeKeepsTheOutline) {
     std::vector<SolidFace> faces = {squareWithHole(true, true), squareWithHole(true, true)};
     faces[1].outline.points[0].x += 0.5;
-    std::vector<Point3> points;
-    solidPoints(
-        faces, faceShapes(faces), walls(2, 1.0),
-        [](std::size_t shape, double, std::vector<Point2>& out) {
+    const std::vector<Point3> points = typetest::placedPoints(
+        faces, faceShapes(faces), walls(2, 1.0), [](std::size_t shape, double, std::vector<Point2>& out) {
             out.assign(shape == 0 ? 20 : 0, Point2{9, 9});
-        },
-        points);
+        });
     ASSERT_EQ(points.size(), 32u);
     EXPECT_NEAR(points[9].x, faces[0].outline.points[1].x, 1e-12);
     EXPECT_NEAR(points[9].z, 2.0, 1e-12);

@@ -6,6 +6,10 @@
 #include "offset/Mitres.h"
 #include "offset/NormalsOffset.h"
 
+#include <algorithm>
+#include <span>
+#include <vector>
+
 // The solid a kernel built, as a polygon soup for checkSolid.
 namespace typetest {
 
@@ -30,6 +34,19 @@ inline PolygonSoup soupOf(const type::SolidTopology& topology, const std::vector
     return soup;
 }
 
+// The solid's points in the topology's order, as a plain list.
+inline std::vector<type::Point3> placedPoints(const std::vector<type::SolidFace>& faces,
+                                              const type::FaceShapes& shapes, const type::Profile& profile,
+                                              const type::RingOffsetter& offsetter) {
+    const type::ShapePoints points = type::shapePoints(faces, shapes, profile, offsetter);
+    std::vector<type::Point3> out(points.starts.back());
+    type::placeShapePoints(
+        faces, shapes, points, [&](std::size_t first, std::span<const type::Point3> placed) {
+            std::copy(placed.begin(), placed.end(), out.begin() + static_cast<std::ptrdiff_t>(first));
+        });
+    return out;
+}
+
 // The points the kernel builds for `faces`, offsetting every ring with the normals builder.
 inline std::vector<type::Point3> pointsOf(const std::vector<type::SolidFace>& faces,
                                           const type::Profile& profile) {
@@ -37,15 +54,11 @@ inline std::vector<type::Point3> pointsOf(const std::vector<type::SolidFace>& fa
     std::vector<std::vector<type::Mitre>> directions;
     for (const int face : shapes.firstFace)
         directions.push_back(type::mitres(faces[static_cast<std::size_t>(face)].outline));
-    std::vector<type::Point3> points;
-    type::solidPoints(
-        faces, shapes, profile,
-        [&](std::size_t shape, double d, std::vector<type::Point2>& out) {
+    return placedPoints(
+        faces, shapes, profile, [&](std::size_t shape, double d, std::vector<type::Point2>& out) {
             type::normalsOffset(faces[static_cast<std::size_t>(shapes.firstFace[shape])].outline,
                                 directions[shape], d, out);
-        },
-        points);
-    return points;
+        });
 }
 
 } // namespace typetest
