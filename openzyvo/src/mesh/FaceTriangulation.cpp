@@ -25,40 +25,29 @@ namespace {
 enum class Emit : uint8_t { Triangle, QuadAlong02, QuadAlong13, Cut };
 
 // Whether a quad is strictly convex, and then the diagonal to split it along: the shorter one.
-// The walls of an extrusion are such quads, and they need no further checks. A quad's area
-// vector is half the cross product of its diagonals, so its normal costs no pass over a loop and
-// no square root. Its corners are judged in the coordinate plane the normal leans on most: a
-// turn there has the sign of the turn about the normal times the sign of the normal's component
-// off that plane, which costs two products a corner instead of nine.
+// The walls of an extrusion are such quads, and they need no further checks. A quad is strictly
+// convex exactly when each diagonal crosses the other inside both, which is two cross products
+// against its area vector (half the cross product of the diagonals) and no branch: a test that
+// first picked a plane to judge the corners in mispredicted that choice along a curved wall.
+// Viewed along the area vector, a quad that is not planar is judged as its shadow. Diagonals that
+// cross within a hair of a corner are rounding's call, so such a quad goes to the careful cutter.
+constexpr double kCornerMargin = 1e-9;
+
 std::optional<Emit> convexQuad(std::span<const int32_t> loop, std::span<const Point3> points) {
-    const Point3 p[4] = {points[loop[0]], points[loop[1]], points[loop[2]], points[loop[3]]};
-    const Vector3 d02 = p[2] - p[0];
-    const Vector3 d13 = p[3] - p[1];
+    const Point3 p0 = points[loop[0]];
+    const Point3 p1 = points[loop[1]];
+    const Vector3 d02 = points[loop[2]] - p0;
+    const Vector3 d13 = points[loop[3]] - p1;
     const Vector3 normal = cross(d02, d13);
-    const double ax = std::abs(normal.x);
-    const double ay = std::abs(normal.y);
-    const double az = std::abs(normal.z);
-    // (u, v, off) is a cyclic order of the axes, so that u × v points along +off.
-    double Vec3::*u = &Vec3::x;
-    double Vec3::*v = &Vec3::y;
-    double off = normal.z;
-    if (!(az >= ax && az >= ay)) {
-        if (ax >= ay)
-            std::tie(u, v, off) = std::tuple(&Vec3::y, &Vec3::z, normal.x);
-        else
-            std::tie(u, v, off) = std::tuple(&Vec3::z, &Vec3::x, normal.y);
-    }
-    double eu[4];
-    double ev[4];
-    for (size_t i = 0; i < 4; ++i) {
-        eu[i] = p[(i + 1) % 4].*u - p[i].*u;
-        ev[i] = p[(i + 1) % 4].*v - p[i].*v;
-    }
-    for (size_t i = 0; i < 4; ++i) {
-        const size_t next = (i + 1) % 4;
-        if (!((eu[i] * ev[next] - ev[i] * eu[next]) * off > 0.0))
-            return std::nullopt;
-    }
+    const double squared = dot(normal, normal);
+    // p0 + s d02 = p1 + t d13 where the diagonals cross, with s and t scaled by `squared`.
+    const Vector3 r = p1 - p0;
+    const double s = dot(cross(r, d13), normal);
+    const double t = dot(cross(r, d02), normal);
+    const double low = kCornerMargin * squared;
+    const double high = squared - low;
+    if (!((s > low) & (s < high) & (t > low) & (t < high)))
+        return std::nullopt;
     return dot(d02, d02) <= dot(d13, d13) ? Emit::QuadAlong02 : Emit::QuadAlong13;
 }
 

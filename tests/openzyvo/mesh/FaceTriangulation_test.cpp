@@ -80,5 +80,59 @@ TEST(FaceTriangulation, EveryFaceOfSmallAndLargeMeshesIsCutAsItIsAlone) {
     }
 }
 
+// A quad with a corner on the line between its neighbours is a triangle in disguise: split along
+// the diagonal through that corner, it leaves a triangle of no area. Such quads, darts and bow
+// ties must not take the quad split, in whichever plane they lie; convex quads, flat or slightly
+// twisted, must, with both triangles turning the way the quad does.
+TEST(FaceTriangulation, QuadsWithAStraightCornerAreNotSplitThroughIt) {
+    struct Case {
+        std::vector<Point3> quad;
+        bool split;
+    };
+    const std::vector<Case> cases{
+        {{{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {1, 5, 0}}, false},
+        {{{0, 0, 0}, {2, 0, 0}, {2, 1, 0}, {2, 2, 0}}, false},
+        {{{0, 0, 0}, {1, 0.5, 0}, {0, 1, 0}, {0.3, 0.5, 0}}, false},
+        {{{0, 0, 0}, {1, 1, 0}, {1, 0, 0}, {0, 1, 0}}, false},
+        {{{0, 0, 0}, {1, 0, 0}, {1.5, 1, 0}, {0, 0.5, 0}}, true},
+        {{{0, 0, 0}, {1, 0, 0}, {1, 1, 0.1}, {0, 1, 0}}, true},
+    };
+    // Each case also in the other two axis planes and turned about an oblique axis.
+    const std::vector<Point3 (*)(Point3)> placements{
+        [](Point3 p) { return p; },
+        [](Point3 p) {
+            return Point3{p.z, p.x, p.y};
+        },
+        [](Point3 p) {
+            return Point3{p.y, p.z, p.x};
+        },
+        [](Point3 p) {
+            return Point3{0.6 * p.x + 0.8 * p.z, 0.48 * p.x + 0.6 * p.y - 0.64 * p.z,
+                          -0.64 * p.x + 0.8 * p.y + 0.48 * p.z};
+        },
+    };
+    for (size_t c = 0; c < cases.size(); ++c) {
+        for (size_t k = 0; k < placements.size(); ++k) {
+            std::vector<Point3> points;
+            for (const Point3& p : cases[c].quad)
+                points.push_back(placements[k](p));
+            Mesh mesh;
+            ASSERT_EQ(mesh.create(points, std::vector<int32_t>{4}, std::vector<int32_t>{0, 1, 2, 3}),
+                      Status::Success);
+            const Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
+            SCOPED_TRACE(::testing::Message() << "case " << c << ", placement " << k);
+            EXPECT_EQ(t.counts.simple == 1, cases[c].split);
+            const Vector3 area = cross(points[2] - points[0], points[3] - points[1]);
+            for (const auto& [a, b, d] : t.triangles) {
+                const Vector3 turn = cross(points[b] - points[a], points[d] - points[a]);
+                EXPECT_GT(dot(turn, turn), 1e-12);
+                if (cases[c].split) {
+                    EXPECT_GT(dot(turn, area), 0.0);
+                }
+            }
+        }
+    }
+}
+
 } // namespace
 } // namespace oz::mesh
