@@ -150,6 +150,9 @@ private:
     struct UvChannel {
         UvSet set;
         std::vector<int32_t> pooledIds; // per face-vertex, in the faces' pool order
+        // Every id in pooledIds is below this: new coordinates that keep it in range leave the
+        // ids alone instead of checking a million of them.
+        int32_t idBound = 0;
     };
 
     // `takeable`, when given, holds `colors` and may be moved from.

@@ -194,6 +194,8 @@ Status Mesh::setUvs(std::string_view set, std::span<const float> u, std::span<co
     channel->set.v.assign(v.begin(), v.end());
     // Ids past the new end would dangle; such face-vertices lose their uv instead.
     const auto uvCount = static_cast<int32_t>(u.size());
+    if (channel->idBound <= uvCount)
+        return Status::Success;
     std::vector<int32_t>& ids = channel->pooledIds;
     tbb::parallel_for(tbb::blocked_range<size_t>(0, ids.size(), 16384),
                       [&](const tbb::blocked_range<size_t>& range) {
@@ -202,6 +204,7 @@ Status Mesh::setUvs(std::string_view set, std::span<const float> u, std::span<co
                                   ids[i] = UvSet::kNoUv;
                           }
                       });
+    channel->idBound = uvCount;
     return Status::Success;
 }
 
@@ -232,6 +235,7 @@ Status Mesh::assignUvIds(std::string_view set, std::span<const int32_t> faceVert
                    [uvCount](int32_t id) { return id == UvSet::kNoUv || (id >= 0 && id < uvCount); }))
         return Status::InvalidIndex;
     fromFaceOrder(faces_.read(), faceVertexUvIds, channel->pooledIds);
+    channel->idBound = uvCount;
     return Status::Success;
 }
 

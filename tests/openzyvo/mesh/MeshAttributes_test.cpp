@@ -227,11 +227,19 @@ TEST(MeshUvs, DefaultSetAndAssignment) {
     EXPECT_EQ(mesh.assignUvIds("atlas", std::vector<int32_t>{0, 1}), Status::SizeMismatch);
     ASSERT_EQ(mesh.assignUvIds("atlas", std::vector<int32_t>{0, 1, 2}), Status::Success);
 
-    // Shrinking the coordinates drops the ids that would point past them.
+    // Growing the coordinates keeps every id; shrinking them, once or again, drops the ids that
+    // would point past them.
+    ASSERT_EQ(mesh.setUvs("atlas", std::vector<float>(5, 0.5f), std::vector<float>(5, 0.5f)),
+              Status::Success);
+    ASSERT_EQ(mesh.faceVertexUvIds("atlas", ids), Status::Success);
+    EXPECT_EQ(ids, (std::vector<int32_t>{0, 1, 2}));
     ASSERT_EQ(mesh.setUvs("atlas", std::vector<float>{0, 1}, std::vector<float>{0, 0}), Status::Success);
     ASSERT_EQ(mesh.faceVertexUvIds("atlas", ids), Status::Success);
     EXPECT_EQ(ids, (std::vector<int32_t>{0, 1, UvSet::kNoUv}));
     EXPECT_EQ(mesh.uvSet("atlas")->u.size(), 2u);
+    ASSERT_EQ(mesh.setUvs("atlas", std::vector<float>{0}, std::vector<float>{0}), Status::Success);
+    ASSERT_EQ(mesh.faceVertexUvIds("atlas", ids), Status::Success);
+    EXPECT_EQ(ids, (std::vector<int32_t>{0, UvSet::kNoUv, UvSet::kNoUv}));
 }
 
 } // namespace
