@@ -17,7 +17,7 @@ constexpr double kMaxCellCoordinate = 4e18;
 // lookup probes about three cells on average instead of eight.
 constexpr double kCellsPerTolerance = 4.0;
 // A first batch of at least this many points is sorted into tiles rather than hashed.
-constexpr int32_t kTiledFrom = 4096;
+constexpr int32_t kTiledFrom = 1024;
 
 int64_t cellCoordinate(double value) {
     const double c = std::floor(value);

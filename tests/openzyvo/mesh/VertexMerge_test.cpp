@@ -105,7 +105,7 @@ int32_t closestWithin(std::span<const Point3> points, Point3 q, double tolerance
 TEST(VertexMerge, IndexAgreesWithBruteForce) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> coordinate(-1.0, 1.0);
-    std::vector<Point3> points(2000);
+    std::vector<Point3> points(1000);
     for (Point3& p : points)
         p = {coordinate(random), coordinate(random), coordinate(random)};
     const double tolerance = 0.05;
