@@ -98,7 +98,8 @@ ZStatus ZFnMesh::assignUVs(const ZIntArray& uvCounts, const ZIntArray& uvIds, co
         if (uvCounts.length() != static_cast<unsigned int>(mesh.faceCount()))
             return ZStatus::kInvalidParameter;
         // A face takes as many ids as it has face-vertices, or none when its count is 0.
-        const std::vector<int32_t> offsets = mesh.faces().faceVertexOffsets();
+        const auto offsetTable = mesh.faceVertexOffsets();
+        const std::vector<int32_t>& offsets = *offsetTable;
         const CountCheck counts = checkUvCounts(uvCounts, offsets);
         if (counts.mismatch || counts.total != uvIds.length())
             return ZStatus::kInvalidParameter;

@@ -152,11 +152,12 @@ template <class T> std::vector<T> toFaceOrder(const FaceLoops& faces, const std:
     return ordered;
 }
 
-// Writes a face-ordered column (faceVertexCount() values) into a pool-ordered one.
+// Writes a face-ordered column (faceVertexCount() values) into a pool-ordered one; `offsets` are
+// the faces' faceVertexOffsets().
 template <class T>
-void fromFaceOrder(const FaceLoops& faces, std::span<const T> ordered, std::vector<T>& pooled) {
+void fromFaceOrder(const FaceLoops& faces, std::span<const int32_t> offsets, std::span<const T> ordered,
+                   std::vector<T>& pooled) {
     pooled.resize(static_cast<size_t>(faces.poolSize()));
-    const std::vector<int32_t> offsets = faces.faceVertexOffsets();
     // Each face owns its block of the pool, so the faces are copied on all cores: a solid of text
     // sends every uv id and normal of a million face-vertices this way.
     tbb::parallel_for(tbb::blocked_range<int32_t>(0, faces.faceCount(), 4096),

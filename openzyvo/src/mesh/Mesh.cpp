@@ -54,6 +54,10 @@ std::shared_ptr<const Triangulation> Mesh::triangulation() const {
     });
 }
 
+std::shared_ptr<const std::vector<int32_t>> Mesh::faceVertexOffsets() const {
+    return faceOffsets_.get(topologyVersion_, [&] { return faces_.read().faceVertexOffsets(); });
+}
+
 std::shared_ptr<const std::vector<BoundingBox>> Mesh::faceBounds() const {
     return faceBounds_.get(geometryVersion_, [&] {
         std::vector<BoundingBox> bounds(static_cast<size_t>(faceCount()));

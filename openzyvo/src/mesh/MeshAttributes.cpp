@@ -87,7 +87,8 @@ Status Mesh::faceVertexNormals(int32_t face, std::vector<Vector3>& out) const {
 Status Mesh::setNormals(std::span<const Vector3> normals) {
     if (normals.size() != static_cast<size_t>(faceVertexCount()))
         return Status::SizeMismatch;
-    fromFaceOrder(faces_.read(), normals, normals_.overwrite([] { return std::vector<Vector3>(); }));
+    fromFaceOrder(faces_.read(), *faceVertexOffsets(), normals,
+                  normals_.overwrite([] { return std::vector<Vector3>(); }));
     normalsSet_ = true;
     return Status::Success;
 }
@@ -234,7 +235,7 @@ Status Mesh::assignUvIds(std::string_view set, std::span<const int32_t> faceVert
     if (anyInvalid(faceVertexUvIds,
                    [uvCount](int32_t id) { return id == UvSet::kNoUv || (id >= 0 && id < uvCount); }))
         return Status::InvalidIndex;
-    fromFaceOrder(faces_.read(), faceVertexUvIds, channel->pooledIds);
+    fromFaceOrder(faces_.read(), *faceVertexOffsets(), faceVertexUvIds, channel->pooledIds);
     channel->idBound = uvCount;
     return Status::Success;
 }

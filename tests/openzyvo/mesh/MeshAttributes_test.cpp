@@ -242,5 +242,26 @@ TEST(MeshUvs, DefaultSetAndAssignment) {
     EXPECT_EQ(ids, (std::vector<int32_t>{0, UvSet::kNoUv, UvSet::kNoUv}));
 }
 
+// Uv ids are laid into place by each face's first face-vertex, a table kept between calls: a hole
+// added to the first face moves every later face, and the next assignment must follow.
+TEST(MeshUvs, AssignmentAfterAHoleFollowsTheMovedFaces) {
+    Mesh mesh;
+    addFace(mesh, {square(0, 0, 4)});
+    addFace(mesh, {square(5, 0, 1)});
+    ASSERT_EQ(mesh.setUvs("map1", std::vector<float>(12, 0.5f), std::vector<float>(12, 0.5f)),
+              Status::Success);
+    ASSERT_EQ(mesh.assignUvIds("map1", std::vector<int32_t>{0, 1, 2, 3, 4, 5, 6, 7}), Status::Success);
+    const int32_t holeSize = 4;
+    ASSERT_EQ(mesh.addHoles(0, reversed(square(1, 1, 1)), std::span(&holeSize, 1), false, 0.0),
+              Status::Success);
+    ASSERT_EQ(mesh.assignUvIds("map1", std::vector<int32_t>{0, 1, 2, 3, 8, 9, 10, 11, 4, 5, 6, 7}),
+              Status::Success);
+    const auto second = mesh.faceUvIds("map1", 1);
+    EXPECT_EQ(std::vector<int32_t>(second.begin(), second.end()), (std::vector<int32_t>{4, 5, 6, 7}));
+    const auto first = mesh.faceUvIds("map1", 0);
+    EXPECT_EQ(std::vector<int32_t>(first.begin(), first.end()),
+              (std::vector<int32_t>{0, 1, 2, 3, 8, 9, 10, 11}));
+}
+
 } // namespace
 } // namespace oz::mesh
