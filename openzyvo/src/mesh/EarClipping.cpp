@@ -283,11 +283,12 @@ namespace {
 struct EarBox {
     double minX, maxX, minY, maxY;
 
+    // Pairwise: the initializer-list forms loop over a copy, in the ear test of every corner.
     EarBox(Point2 a, Point2 b, Point2 c)
-        : minX(std::min({a.x, b.x, c.x}))
-        , maxX(std::max({a.x, b.x, c.x}))
-        , minY(std::min({a.y, b.y, c.y}))
-        , maxY(std::max({a.y, b.y, c.y})) {}
+        : minX(std::min(a.x, std::min(b.x, c.x)))
+        , maxX(std::max(a.x, std::max(b.x, c.x)))
+        , minY(std::min(a.y, std::min(b.y, c.y)))
+        , maxY(std::max(a.y, std::max(b.y, c.y))) {}
 
     // Bitwise, not short-circuit: one hard-to-predict branch instead of four.
     bool holds(Point2 p) const { return (p.x >= minX) & (p.x <= maxX) & (p.y >= minY) & (p.y <= maxY); }
