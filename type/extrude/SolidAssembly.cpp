@@ -56,11 +56,12 @@ double roundToInteger(double x) {
 // in a double's 53 bits, so each copy then lies exactly where the first lies,
 // moved. The step is the coarsest every anchor is a multiple of, but never
 // coarser than 2^-44 of the shape's size; and never so fine that the
-// sum would not fit (the copies are then merely close, not exact).
+// sum would not fit (the copies are then merely close, not exact), nor below the
+// smallest normal double, whose inverse is still a finite power of two.
 double placementGrid(double anchorGrid, double anchorReach, double extent) {
     const double finest = std::ldexp(1.0, std::ilogb(std::max(anchorReach + extent, 1e-300)) - 52);
     const double coarsest = std::ldexp(1.0, std::ilogb(std::max(extent, 1e-280)) - 44);
-    return std::max(std::min(anchorGrid, coarsest), finest);
+    return std::max({std::min(anchorGrid, coarsest), finest, std::numeric_limits<double>::min()});
 }
 
 class TopologyBuilder {
@@ -266,14 +267,18 @@ ShapePoints shapePoints(const std::vector<SolidFace>& faces, const FaceShapes& s
                     for (const Point2& p : ringPoints) {
                         points.push_back(face.frame.fromPlane(p, face.height + ring.depth +
                                                                      ring.wallShare * face.extraDepth));
-                        extent = std::max({extent, std::abs(points.back().x), std::abs(points.back().y),
-                                           std::abs(points.back().z)});
+                        const Point3& q = points.back();
+                        extent =
+                            std::max(std::max(std::max(extent, std::abs(q.x)), std::abs(q.y)), std::abs(q.z));
                     }
                 }
+                // The step is a power of two, so multiplying by its inverse divides exactly, at a
+                // fraction of a division's cost.
                 const double step = placementGrid(grid[shape], reach[shape], extent);
+                const double inverse = 1.0 / step;
                 for (Point3& p : points)
-                    p = {roundToInteger(p.x / step) * step, roundToInteger(p.y / step) * step,
-                         roundToInteger(p.z / step) * step};
+                    p = {roundToInteger(p.x * inverse) * step, roundToInteger(p.y * inverse) * step,
+                         roundToInteger(p.z * inverse) * step};
             }
         });
 
