@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
+#include <memory>
 
 namespace oz {
 
@@ -35,18 +37,31 @@ void Component::add(int32_t element) {
 void Component::add(std::span<const int32_t> elements) {
     if (elements.empty())
         return;
+    // Lists are mostly handed over in order and without repeats (a solid's face groups hold half
+    // a million ids), and one check for that costs far less than a sort and a sweep for repeats.
+    const bool rising =
+        std::adjacent_find(elements.begin(), elements.end(), std::greater_equal<>()) == elements.end();
+    const std::vector<int32_t>& held = this->elements();
+    if (rising && (held.empty() || elements.front() > held.back())) {
+        std::vector<int32_t>& members = writable();
+        members.insert(members.end(), elements.begin(), elements.end());
+        return;
+    }
+    if (rising) {
+        // Two sets in order (one group takes a solid's cap, bevel and wall faces when they share
+        // an id): one pass merges them and drops the ids both hold.
+        auto merged = std::make_shared<std::vector<int32_t>>();
+        merged->reserve(held.size() + elements.size());
+        std::set_union(held.begin(), held.end(), elements.begin(), elements.end(),
+                       std::back_inserter(*merged));
+        elements_ = std::move(merged);
+        return;
+    }
     std::vector<int32_t>& members = writable();
     const auto middle = static_cast<std::ptrdiff_t>(members.size());
     members.insert(members.end(), elements.begin(), elements.end());
-    // Lists are mostly handed over in order and without repeats (a solid's face groups hold half
-    // a million ids), and one check for that costs far less than a sort and a sweep for repeats.
-    const bool risingAfterOld = middle == 0 || members[middle] > members[middle - 1];
-    if (risingAfterOld &&
-        std::adjacent_find(members.begin() + middle, members.end(), std::greater_equal<>()) == members.end())
-        return;
-    if (!std::is_sorted(members.begin() + middle, members.end()))
-        std::sort(members.begin() + middle, members.end());
-    if (middle > 0 && middle < std::ssize(members) && members[middle] < members[middle - 1])
+    std::sort(members.begin() + middle, members.end());
+    if (middle > 0 && members[middle] < members[middle - 1])
         std::inplace_merge(members.begin(), members.begin() + middle, members.end());
     members.erase(std::unique(members.begin(), members.end()), members.end());
 }

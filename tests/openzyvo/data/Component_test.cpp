@@ -86,11 +86,16 @@ TEST(ComponentListData, KeepsCopiesInOrder) {
     ASSERT_TRUE(list.add(faces(ZIntArray{2, 3, 4})));
     EXPECT_EQ(list.length(), 2u);
 
-    // Later edits of the added component, or of one read back, do not reach the list.
+    // Later edits of the added component, or of one read back (appended or merged into the ids
+    // held), do not reach the list.
     caps.addElement(7);
     ZFnSingleIndexedComponent first(list[0]);
     first.addElement(8);
+    ZFnSingleIndexedComponent second(list[1]);
+    second.addElements(ZIntArray{1, 3, 5});
+    EXPECT_EQ(second.elementCount(), 5);
     EXPECT_EQ(ZFnSingleIndexedComponent(list[0]).elementCount(), 2);
+    EXPECT_EQ(ZFnSingleIndexedComponent(list[1]).elementCount(), 3);
     EXPECT_EQ(ZFnSingleIndexedComponent(list[1]).element(2), 4);
     EXPECT_TRUE(list[2].isNull());
 }
