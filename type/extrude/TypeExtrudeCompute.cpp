@@ -16,6 +16,7 @@
 #include <OpenZyvo/ZPlug.h>
 #include <OpenZyvo/ZPointArray.h>
 #include <OpenZyvo/ZPxCommand.h>
+#include <tbb/parallel_for.h>
 #include <vector>
 
 namespace type {
@@ -112,8 +113,9 @@ ZStatus TypeExtrude::buildSolid(ZDataBlock& block) {
     const std::vector<int>& shapeFaces = m_shapes.firstFace;
     if (m_mitres.size() != shapeFaces.size()) {
         m_mitres.resize(shapeFaces.size());
-        for (std::size_t s = 0; s < shapeFaces.size(); ++s)
+        tbb::parallel_for(std::size_t{0}, shapeFaces.size(), [&](std::size_t s) {
             m_mitres[s] = mitres(m_faces[static_cast<std::size_t>(shapeFaces[s])].outline);
+        });
     }
 
     const ZObject node = thisZObject();
