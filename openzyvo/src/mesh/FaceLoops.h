@@ -160,7 +160,7 @@ void fromFaceOrder(const FaceLoops& faces, std::span<const int32_t> offsets, std
     pooled.resize(static_cast<size_t>(faces.poolSize()));
     // Each face owns its block of the pool, so the faces are copied on all cores: a solid of text
     // sends every uv id and normal of a million face-vertices this way.
-    tbb::parallel_for(tbb::blocked_range<int32_t>(0, faces.faceCount(), 4096),
+    tbb::parallel_for(tbb::blocked_range<int32_t>(0, faces.faceCount(), 1024),
                       [&](const tbb::blocked_range<int32_t>& range) {
                           for (int32_t f = range.begin(); f != range.end(); ++f)
                               std::copy(ordered.begin() + offsets[static_cast<size_t>(f)],

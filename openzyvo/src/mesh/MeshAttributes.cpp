@@ -16,7 +16,7 @@ namespace {
 // and face-vertex of a solid at once.
 template <class Valid> bool anyInvalid(std::span<const int32_t> ids, Valid valid) {
     return tbb::parallel_reduce(
-        tbb::blocked_range<size_t>(0, ids.size(), 16384), false,
+        tbb::blocked_range<size_t>(0, ids.size(), 4096), false,
         [&](const tbb::blocked_range<size_t>& range, bool found) {
             // No early exit within a range, so that the loop vectorises; bad ids are rare.
             bool bad = found;
