@@ -30,9 +30,9 @@ namespace oz::mesh {
 // per-face-vertex normals, optional vertex colours and named uv sets. Copies are independent
 // and cheap: they share the storage of every column (points, faces, normals, colours, each uv
 // set) until one of them changes it, and then that copy alone takes its own of that column.
-// Derived tables (topology, triangulation, face boxes, face offsets) are immutable snapshots shared between
-// copies and rebuilt only when the data they derive from changes. Moving points never rebuilds
-// topology or the triangle lists.
+// Derived tables (topology, triangulation, face boxes, face offsets) are immutable snapshots
+// shared between copies and rebuilt only when the data they derive from changes. Moving points
+// never rebuilds topology or the triangle lists.
 //
 // Every operation that can fail returns a Status and leaves the mesh untouched on failure.
 // Queries given an invalid id return an empty span or std::nullopt. Const member functions may
@@ -137,8 +137,8 @@ public:
 
     std::shared_ptr<const Topology> topology() const;
     std::shared_ptr<const Triangulation> triangulation() const;
-    // Face-order index of each face's first face-vertex, plus faceVertexCount() at the end: a
-    // solid's uvs are checked against them and laid into the pool by them, one evaluation apart.
+    // Face-order index of each face's first face-vertex, plus faceVertexCount() at the end. Uvs and
+    // normals are checked against them and laid into the pool by them.
     std::shared_ptr<const std::vector<int32_t>> faceVertexOffsets() const;
     // Sum of the areas of the face's triangles.
     std::optional<double> triangulatedArea(int32_t face) const;
