@@ -74,8 +74,6 @@ BENCHMARK(BM_TriangulateDistinctFacesWithHoles)
     ->UseRealTime()
     ->MeasureProcessCPUTime();
 
-// How an extrusion rebuild puts holes back into its caps: the mesh is created without holes, then
-// every cap (every other face here) gets its holes one call at a time, front to back.
 // The walls of an extruded outline: rings of `ringPoints` points stacked `rings` high, each
 // outline edge joined to the same edge of the next ring by a quad, as a solid of text has by the
 // hundred thousand. The outline wavers in and out, so quads split along either diagonal.
