@@ -34,9 +34,9 @@ struct PoolEdit {
     std::vector<std::pair<int32_t, int32_t>> copies; // (first position, count) in the old column
     int32_t added = 0;
 
-    template <class T> void applyTo(std::vector<T>& column, const T& fill) const {
-        std::vector<T> rebuilt;
-        std::vector<T>& out = keepOld ? column : rebuilt;
+    template <class Column> void applyTo(Column& column, const typename Column::value_type& fill) const {
+        Column rebuilt;
+        Column& out = keepOld ? column : rebuilt;
         size_t size = keepOld ? column.size() : 0;
         for (const auto& [from, count] : copies)
             size += static_cast<size_t>(count);
@@ -141,8 +141,9 @@ inline std::span<const int32_t> FaceLoops::faceVertices(int32_t face) const {
 }
 
 // A pool-ordered column (see FaceLoops) laid out in face order.
-template <class T> std::vector<T> toFaceOrder(const FaceLoops& faces, const std::vector<T>& pooled) {
-    std::vector<T> ordered;
+template <class Column>
+std::vector<typename Column::value_type> toFaceOrder(const FaceLoops& faces, const Column& pooled) {
+    std::vector<typename Column::value_type> ordered;
     ordered.reserve(static_cast<size_t>(faces.faceVertexCount()));
     for (int32_t f = 0; f < faces.faceCount(); ++f) {
         const auto begin = pooled.begin() + faces.poolStart(f);
@@ -154,18 +155,34 @@ template <class T> std::vector<T> toFaceOrder(const FaceLoops& faces, const std:
 
 // Writes a face-ordered column (faceVertexCount() values) into a pool-ordered one; `offsets` are
 // the faces' faceVertexOffsets().
-template <class T>
+template <class T, class Column>
 void fromFaceOrder(const FaceLoops& faces, std::span<const int32_t> offsets, std::span<const T> ordered,
-                   std::vector<T>& pooled) {
-    pooled.resize(static_cast<size_t>(faces.poolSize()));
+                   Column& pooled) {
+    // Every face's block is written below; the leftovers of moved blocks, if any, get a defined
+    // value too, since a pass over the whole column may read them.
+    if (faces.poolSize() == faces.faceVertexCount())
+        pooled.resize(static_cast<size_t>(faces.poolSize()));
+    else
+        pooled.assign(static_cast<size_t>(faces.poolSize()), typename Column::value_type{});
     // Each face owns its block of the pool, so the faces are copied on all cores: a solid of text
     // sends every uv id and normal of a million face-vertices this way.
+    // Faces whose blocks follow each other in the pool as they do in face order (all of them
+    // but the few that took holes, in a solid) are copied as one run: a copy call per quad costs
+    // more than the copy.
     tbb::parallel_for(tbb::blocked_range<int32_t>(0, faces.faceCount(), 1024),
                       [&](const tbb::blocked_range<int32_t>& range) {
-                          for (int32_t f = range.begin(); f != range.end(); ++f)
-                              std::copy(ordered.begin() + offsets[static_cast<size_t>(f)],
-                                        ordered.begin() + offsets[static_cast<size_t>(f) + 1],
-                                        pooled.begin() + faces.poolStart(f));
+                          for (int32_t first = range.begin(); first != range.end();) {
+                              const int32_t start = faces.poolStart(first);
+                              int32_t end = first + 1;
+                              while (end != range.end() &&
+                                     faces.poolStart(end) - start == offsets[static_cast<size_t>(end)] -
+                                                                         offsets[static_cast<size_t>(first)])
+                                  ++end;
+                              std::copy(ordered.begin() + offsets[static_cast<size_t>(first)],
+                                        ordered.begin() + offsets[static_cast<size_t>(end)],
+                                        pooled.begin() + start);
+                              first = end;
+                          }
                       });
 }
 

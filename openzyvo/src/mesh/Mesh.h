@@ -11,6 +11,7 @@
 #include "mesh/Shared.h"
 #include "mesh/Status.h"
 #include "mesh/Topology.h"
+#include "mesh/UninitialisedAllocator.h"
 #include "mesh/UvSet.h"
 #include "mesh/Vec3.h"
 #include "mesh/VertexMerge.h"
@@ -123,7 +124,7 @@ public:
     // The uv id of every face-vertex, in face order (UvSet::kNoUv for none).
     Status faceVertexUvIds(std::string_view set, std::vector<int32_t>& out) const;
     // The uv ids of one face's face-vertices, aligned with faceVertices(face); empty for an
-    // unknown set or face.
+    // unknown set or face, and while no face-vertex of the set has a uv.
     std::span<const int32_t> faceUvIds(std::string_view set, int32_t face) const;
     // Sets the uv id of every face-vertex, in face order (UvSet::kNoUv for none).
     Status assignUvIds(std::string_view set, std::span<const int32_t> faceVertexUvIds);
@@ -152,7 +153,10 @@ private:
                            std::vector<Point3>& added);
     struct UvChannel {
         UvSet set;
-        std::vector<int32_t> pooledIds; // per face-vertex, in the faces' pool order
+        // Per face-vertex, in the faces' pool order; empty while no face-vertex has a uv, as on a
+        // mesh just created, so that creating one and then assigning every id writes the column
+        // once rather than filling it first.
+        std::vector<int32_t, UninitialisedAllocator<int32_t>> pooledIds;
         // Every id in pooledIds is below this: new coordinates that keep it in range leave the
         // ids alone instead of checking a million of them.
         int32_t idBound = 0;

@@ -12,17 +12,19 @@ namespace oz::mesh {
 
 namespace {
 
-// Whether any id fails `valid`, checked on all cores: colours and uvs are set for every vertex
-// and face-vertex of a solid at once.
-template <class Valid> bool anyInvalid(std::span<const int32_t> ids, Valid valid) {
+// Whether any id lies outside [low, high), checked on all cores: colours and uvs are set for
+// every vertex and face-vertex of a solid at once. One unsigned comparison per id, with no branch
+// and the bounds in registers, lets the loop vectorise; a predicate with `||` in it did not.
+bool anyOutside(std::span<const int32_t> ids, int32_t low, int32_t high) {
+    const auto base = static_cast<uint32_t>(low);
+    const auto width = static_cast<uint32_t>(static_cast<int64_t>(high) - low);
     return tbb::parallel_reduce(
         tbb::blocked_range<size_t>(0, ids.size(), 4096), false,
-        [&](const tbb::blocked_range<size_t>& range, bool found) {
-            // No early exit within a range, so that the loop vectorises; bad ids are rare.
-            bool bad = found;
+        [ids, base, width](const tbb::blocked_range<size_t>& range, bool found) {
+            uint32_t bad = 0;
             for (size_t i = range.begin(); i != range.end(); ++i)
-                bad |= !valid(ids[i]);
-            return bad;
+                bad |= static_cast<uint32_t>(static_cast<uint32_t>(ids[i]) - base >= width);
+            return found || bad != 0;
         },
         [](bool a, bool b) { return a || b; });
 }
@@ -112,7 +114,7 @@ Status Mesh::assignVertexColors(std::span<const Color> colors, std::span<const i
     if (colors.size() != vertices.size())
         return Status::SizeMismatch;
     const int32_t count = vertexCount();
-    if (anyInvalid(vertices, [count](int32_t v) { return v >= 0 && v < count; }))
+    if (anyOutside(vertices, 0, count))
         return Status::InvalidIndex;
     VertexColors& own = colors_.write();
     const size_t total = points_.read().size();
@@ -177,9 +179,7 @@ const UvSet* Mesh::uvSet(std::string_view name) const {
 Status Mesh::createUvSet(std::string_view name) {
     if (name.empty() || std::as_const(*this).findUvChannel(name))
         return Status::InvalidArgument;
-    uvSets_.emplace_back(
-        UvChannel{UvSet{std::string(name), {}, {}},
-                  std::vector<int32_t>(static_cast<size_t>(faces_.read().poolSize()), UvSet::kNoUv)});
+    uvSets_.emplace_back(UvChannel{UvSet{std::string(name), {}, {}}, {}});
     return Status::Success;
 }
 
@@ -197,7 +197,7 @@ Status Mesh::setUvs(std::string_view set, std::span<const float> u, std::span<co
     const auto uvCount = static_cast<int32_t>(u.size());
     if (channel->idBound <= uvCount)
         return Status::Success;
-    std::vector<int32_t>& ids = channel->pooledIds;
+    auto& ids = channel->pooledIds;
     tbb::parallel_for(tbb::blocked_range<size_t>(0, ids.size(), 16384),
                       [&](const tbb::blocked_range<size_t>& range) {
                           for (size_t i = range.begin(); i != range.end(); ++i) {
@@ -213,13 +213,16 @@ Status Mesh::faceVertexUvIds(std::string_view set, std::vector<int32_t>& out) co
     const UvChannel* channel = findUvChannel(set);
     if (!channel)
         return Status::UnknownUvSet;
-    out = toFaceOrder(faces_.read(), channel->pooledIds);
+    if (channel->pooledIds.empty())
+        out.assign(static_cast<size_t>(faceVertexCount()), UvSet::kNoUv);
+    else
+        out = toFaceOrder(faces_.read(), channel->pooledIds);
     return Status::Success;
 }
 
 std::span<const int32_t> Mesh::faceUvIds(std::string_view set, int32_t face) const {
     const UvChannel* channel = findUvChannel(set);
-    if (!channel || face < 0 || face >= faceCount())
+    if (!channel || channel->pooledIds.empty() || face < 0 || face >= faceCount())
         return {};
     return std::span<const int32_t>(channel->pooledIds)
         .subspan(faces_.read().poolStart(face), faces_.read().faceVertices(face).size());
@@ -232,8 +235,8 @@ Status Mesh::assignUvIds(std::string_view set, std::span<const int32_t> faceVert
     if (faceVertexUvIds.size() != static_cast<size_t>(faceVertexCount()))
         return Status::SizeMismatch;
     const auto uvCount = static_cast<int32_t>(channel->set.u.size());
-    if (anyInvalid(faceVertexUvIds,
-                   [uvCount](int32_t id) { return id == UvSet::kNoUv || (id >= 0 && id < uvCount); }))
+    static_assert(UvSet::kNoUv == -1, "the id check takes no-uv as the id just below the first");
+    if (anyOutside(faceVertexUvIds, UvSet::kNoUv, uvCount))
         return Status::InvalidIndex;
     fromFaceOrder(faces_.read(), *faceVertexOffsets(), faceVertexUvIds, channel->pooledIds);
     channel->idBound = uvCount;

@@ -59,10 +59,7 @@ Status Mesh::create(PointArray&& points, std::span<const int32_t> faceCounts,
     normalsSet_ = false;
     normals_ = Shared<std::vector<Vector3>>();
     clearVertexColors();
-    std::vector<int32_t> noUvs;
-    noUvs.reserve(withRoomForHoles(faceConnects.size()));
-    noUvs.assign(faceConnects.size(), UvSet::kNoUv);
-    uvSets_.assign(1, Shared(UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, std::move(noUvs)}));
+    uvSets_.assign(1, Shared(UvChannel{UvSet{std::string(kDefaultUvSet), {}, {}}, {}}));
     merge_.index.reset();
     topologyChanged();
     return Status::Success;
@@ -146,8 +143,10 @@ void Mesh::appendPoints(std::span<const Point3> added) {
 void Mesh::followFacePool(const PoolEdit& edit, int32_t face) {
     if (normalsSet_)
         edit.applyTo(normals_.write(), oz::mesh::faceNormal(faces_.read(), points_.read(), face));
-    for (Shared<UvChannel>& channel : uvSets_)
-        edit.applyTo(channel.write().pooledIds, UvSet::kNoUv);
+    for (Shared<UvChannel>& channel : uvSets_) {
+        if (!channel.read().pooledIds.empty())
+            edit.applyTo(channel.write().pooledIds, UvSet::kNoUv);
+    }
 }
 
 Status Mesh::addPolygon(std::span<const Point3> points, std::span<const int32_t> loopCounts,

@@ -1,6 +1,7 @@
 #include "MeshTestShapes.h"
 
 #include <gtest/gtest.h>
+#include <numeric>
 
 namespace oz::mesh {
 namespace {
@@ -261,6 +262,47 @@ TEST(MeshUvs, AssignmentAfterAHoleFollowsTheMovedFaces) {
     const auto first = mesh.faceUvIds("map1", 0);
     EXPECT_EQ(std::vector<int32_t>(first.begin(), first.end()),
               (std::vector<int32_t>{0, 1, 2, 3, 8, 9, 10, 11}));
+}
+
+// A mesh created whole keeps no uv id column until ids are assigned; the holes added before then,
+// the leftovers they leave in the face pool and the faces added after must all read as having
+// no uv until then, and as assigned after.
+TEST(MeshUvs, MeshCreatedWholeHasNoUvsUntilAssigned) {
+    Mesh mesh;
+    auto points = square(0, 0, 4);
+    const auto second = square(5, 0, 1);
+    points.insert(points.end(), second.begin(), second.end());
+    ASSERT_EQ(mesh.create(points, std::vector<int32_t>{4, 4}, std::vector<int32_t>{0, 1, 2, 3, 4, 5, 6, 7}),
+              Status::Success);
+    std::vector<int32_t> ids;
+    ASSERT_EQ(mesh.faceVertexUvIds("map1", ids), Status::Success);
+    EXPECT_EQ(ids, (std::vector<int32_t>(8, UvSet::kNoUv)));
+    EXPECT_TRUE(mesh.faceUvIds("map1", 0).empty());
+
+    const int32_t holeSize = 4;
+    ASSERT_EQ(mesh.addHoles(0, reversed(square(1, 1, 1)), std::span(&holeSize, 1), false, 0.0),
+              Status::Success);
+    ASSERT_EQ(mesh.createUvSet("atlas"), Status::Success);
+    for (const char* set : {"map1", "atlas"}) {
+        ASSERT_EQ(mesh.faceVertexUvIds(set, ids), Status::Success);
+        EXPECT_EQ(ids, (std::vector<int32_t>(12, UvSet::kNoUv))) << set;
+    }
+
+    ASSERT_EQ(mesh.setUvs("atlas", std::vector<float>(12, 0.5f), std::vector<float>(12, 0.5f)),
+              Status::Success);
+    std::vector<int32_t> assigned(12);
+    std::iota(assigned.begin(), assigned.end(), 0);
+    ASSERT_EQ(mesh.assignUvIds("atlas", assigned), Status::Success);
+    ASSERT_EQ(mesh.setUvs("atlas", std::vector<float>(10, 0.5f), std::vector<float>(10, 0.5f)),
+              Status::Success);
+    int32_t face = -1;
+    ASSERT_EQ(mesh.addPolygon(square(8, 0, 1), std::vector<int32_t>{4}, false, 0.0, face), Status::Success);
+    ASSERT_EQ(mesh.faceVertexUvIds("atlas", ids), Status::Success);
+    std::vector<int32_t> expected(assigned.begin(), assigned.begin() + 10);
+    expected.resize(16, UvSet::kNoUv);
+    EXPECT_EQ(ids, expected);
+    ASSERT_EQ(mesh.faceVertexUvIds("map1", ids), Status::Success);
+    EXPECT_EQ(ids, (std::vector<int32_t>(16, UvSet::kNoUv)));
 }
 
 } // namespace
