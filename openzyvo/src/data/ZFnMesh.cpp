@@ -18,18 +18,23 @@ namespace {
 // Arrays up to this long are converted on the calling thread.
 constexpr unsigned int kConvertGrain = 16384;
 
-// Converts into `out` (as long as `points`), in parallel: a solid of text writes hundreds of
-// thousands of points on every update. The holes of its caps come a few dozen points at a time,
-// by the thousand, and waking other threads for each would cost more than the conversion.
+// Runs `body` over ranges of [0, count): on all cores for a long array, since a solid of text
+// writes hundreds of thousands of points on every update. The holes of its caps come a few dozen
+// points at a time, by the thousand, and waking other threads for each would cost more than the
+// work.
+template <class Body> void forEachPoint(unsigned int count, const Body& body) {
+    if (count <= kConvertGrain)
+        body(tbb::blocked_range<unsigned int>(0, count));
+    else
+        tbb::parallel_for(tbb::blocked_range<unsigned int>(0, count, kConvertGrain), body);
+}
+
+// Converts into `out` (as long as `points`).
 template <class Points> void convertPoints(const Points& points, std::span<Point3> out) {
-    const auto convert = [&](const tbb::blocked_range<unsigned int>& range) {
+    forEachPoint(points.length(), [&](const tbb::blocked_range<unsigned int>& range) {
         for (unsigned int i = range.begin(); i != range.end(); ++i)
             out[i] = oz::toKernel(points[i]);
-    };
-    if (points.length() <= kConvertGrain)
-        convert(tbb::blocked_range<unsigned int>(0, points.length()));
-    else
-        tbb::parallel_for(tbb::blocked_range<unsigned int>(0, points.length(), kConvertGrain), convert);
+    });
 }
 
 template <class Points> oz::mesh::PointArray kernelPoints(const Points& points) {
@@ -47,9 +52,19 @@ template <class Points> ZStatus readPoints(MeshTarget* target, Points& out, ZSpa
     if (!transform)
         return ZStatus::kInvalidParameter;
     const auto points = mesh->points();
-    out.setLength(static_cast<unsigned int>(points.size()));
-    for (size_t i = 0; i < points.size(); ++i)
-        out[static_cast<unsigned int>(i)] = transform->pointToSpace(points[i]);
+    const auto count = static_cast<unsigned int>(points.size());
+    out.setLength(count);
+    // Nodes read their input in object space, every point on each update (a deformer on every
+    // frame): without a matrix the points are only converted.
+    if (transform->isIdentity()) {
+        forEachPoint(count, [&](const tbb::blocked_range<unsigned int>& range) {
+            for (unsigned int i = range.begin(); i != range.end(); ++i)
+                out[i] = oz::toPoint(points[i]);
+        });
+        return ZStatus::kSuccess;
+    }
+    for (unsigned int i = 0; i < count; ++i)
+        out[i] = transform->pointToSpace(points[i]);
     return ZStatus::kSuccess;
 }
 

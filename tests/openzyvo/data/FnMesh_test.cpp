@@ -165,6 +165,35 @@ TEST(FnMesh, PointsRoundTripInBothPrecisions) {
     EXPECT_EQ(edge[1], 3);
 }
 
+// Long arrays are converted on all cores, in slices: every point must still land at its index.
+TEST(FnMesh, LongPointArraysRoundTripInBothPrecisions) {
+    constexpr int kQuads = 30000;
+    ZPointArray points;
+    ZIntArray counts;
+    ZIntArray connects;
+    for (int i = 0; i <= kQuads; ++i) {
+        points.append(ZPoint(i, 0, 0.5 * i));
+        points.append(ZPoint(i, 1, -0.25 * i));
+    }
+    for (int i = 0; i < kQuads; ++i) {
+        counts.append(4);
+        for (const int v : {2 * i, 2 * i + 2, 2 * i + 3, 2 * i + 1})
+            connects.append(v);
+    }
+    ZFnMesh mesh;
+    const ZObject data = ZFnMeshData().create();
+    ASSERT_FALSE(
+        mesh.create(static_cast<int>(points.length()), kQuads, points, counts, connects, data).isNull());
+    ZPointArray back;
+    ASSERT_TRUE(mesh.getPoints(back));
+    EXPECT_EQ(back, points);
+    ZFloatPointArray floats;
+    ASSERT_TRUE(mesh.getPoints(floats));
+    ASSERT_EQ(floats.length(), points.length());
+    for (unsigned int i = 0; i < points.length(); i += 977)
+        EXPECT_EQ(floats[i], ZFloatPoint(points[i])) << i;
+}
+
 TEST(FnMesh, NormalsAreOnePerFaceVertexAndRoundTrip) {
     ZFnMesh mesh(fixtures::cube());
     ZVector n;
