@@ -32,14 +32,16 @@ bool anyOutside(std::span<const int32_t> ids, int32_t low, int32_t high) {
 // Colours of fewer vertices than this are set on the calling thread.
 constexpr size_t kParallelColors = 16384;
 
-// Whether the ids rise strictly, checked on all cores.
+// Whether the ids rise strictly, checked on all cores; without an early exit, so that the loop
+// vectorises: writers mostly give rising ids.
 bool ascending(std::span<const int32_t> ids) {
     return !tbb::parallel_reduce(
         tbb::blocked_range<size_t>(1, std::max<size_t>(ids.size(), 1), 16384), false,
-        [&](const tbb::blocked_range<size_t>& range, bool found) {
-            for (size_t i = range.begin(); i != range.end() && !found; ++i)
-                found = ids[i - 1] >= ids[i];
-            return found;
+        [ids](const tbb::blocked_range<size_t>& range, bool found) {
+            uint32_t falls = 0;
+            for (size_t i = range.begin(); i != range.end(); ++i)
+                falls |= static_cast<uint32_t>(ids[i - 1] >= ids[i]);
+            return found || falls != 0;
         },
         [](bool a, bool b) { return a || b; });
 }
