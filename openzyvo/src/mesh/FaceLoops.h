@@ -165,10 +165,9 @@ void fromFaceOrder(const FaceLoops& faces, std::span<const int32_t> offsets, std
     else
         pooled.assign(static_cast<size_t>(faces.poolSize()), typename Column::value_type{});
     // Each face owns its block of the pool, so the faces are copied on all cores: a solid of text
-    // sends every uv id and normal of a million face-vertices this way.
-    // Faces whose blocks follow each other in the pool as they do in face order (all of them
-    // but the few that took holes, in a solid) are copied as one run: a copy call per quad costs
-    // more than the copy.
+    // sends every uv id and normal of a million face-vertices this way. Faces whose blocks follow
+    // each other in the pool as in face order (all but the few that took holes, in a solid) are
+    // copied as one run: a copy call per quad costs more than the copy.
     tbb::parallel_for(tbb::blocked_range<int32_t>(0, faces.faceCount(), 1024),
                       [&](const tbb::blocked_range<int32_t>& range) {
                           for (int32_t first = range.begin(); first != range.end();) {

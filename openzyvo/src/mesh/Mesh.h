@@ -124,7 +124,7 @@ public:
     // The uv id of every face-vertex, in face order (UvSet::kNoUv for none).
     Status faceVertexUvIds(std::string_view set, std::vector<int32_t>& out) const;
     // The uv ids of one face's face-vertices, aligned with faceVertices(face); empty for an
-    // unknown set or face, and while no face-vertex of the set has a uv.
+    // unknown set or face, and before any ids were assigned to the set.
     std::span<const int32_t> faceUvIds(std::string_view set, int32_t face) const;
     // Sets the uv id of every face-vertex, in face order (UvSet::kNoUv for none).
     Status assignUvIds(std::string_view set, std::span<const int32_t> faceVertexUvIds);
