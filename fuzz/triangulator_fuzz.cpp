@@ -121,8 +121,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             fail("is cut wrongly:", f, fault);
         std::vector<Triangle> pattern;
         GluTessellator().tessellate(mesh.faces(), mesh.points(), f, normal, pattern);
-        std::vector<Triangle> swept;
-        appendPattern(mesh.faces().faceVertices(f), pattern, swept);
+        std::vector<Triangle> swept(pattern.size());
+        writePattern(mesh.faces().faceVertices(f), pattern, swept.data());
         const double area = triangleArea(cut.faceTriangles(f), mesh.points());
         const double sweptArea = triangleArea(swept, mesh.points());
         if (!(std::abs(area - sweptArea) <= 1e-9 * std::max(1.0, sweptArea)))

@@ -387,7 +387,10 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
         buildGrid(outer);
     else
         maskReflexCorners();
+    // A loop of n corners makes n - 2 triangles; they are written in place.
     const size_t firstOut = out.size();
+    out.resize(firstOut + static_cast<size_t>(nodes_ - 2));
+    Triangle* made = out.data() + firstOut;
     int32_t remaining = nodes_;
     int32_t ear = outer;
     int32_t stop = ear;
@@ -395,7 +398,7 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
         const int32_t prev = prev_[ear];
         const int32_t next = next_[ear];
         if (isEar(ear)) {
-            out.push_back({index_[prev], index_[ear], index_[next]});
+            *made++ = {index_[prev], index_[ear], index_[next]};
             unlink(ear);
             classify(prev);
             classify(next);
@@ -416,7 +419,7 @@ bool EarClipper::triangulate(const PlanarFace& face, std::vector<Triangle>& out)
         out.resize(firstOut);
         return false;
     }
-    out.push_back({index_[prev], index_[ear], index_[next]});
+    *made = {index_[prev], index_[ear], index_[next]};
     return true;
 }
 

@@ -56,8 +56,8 @@ std::optional<Emit> convexQuad(std::span<const int32_t> loop, std::span<const Po
 constexpr int32_t kBlockFaces = 256;
 
 // Below this many face vertices a mesh is cut on the calling thread: waking other threads for a
-// thousand quads costs more than it saves, while a word's solid (3.5k quads) already gains. Counting vertices rather than faces keeps a mesh of
-// fewer but larger faces, whose cuts cost far more per face, on all cores.
+// thousand quads costs more than it saves, while a word's solid (3.5k quads) already gains. Counting vertices
+// rather than faces keeps a mesh of fewer but larger faces, whose cuts cost far more per face, on all cores.
 constexpr int32_t kParallelFaceVertices = 8192;
 
 // The GLU sweep of the calling thread. Making a tessellator costs more than cutting a small face,
@@ -67,18 +67,19 @@ GluTessellator& threadTessellator() {
     return tessellator;
 }
 
-// What one thread produces: its cutter and memo, reused across faces, and the triangles of the
-// faces that are neither triangles nor convex quads.
+// What one thread produces: its cutter and memo, reused across faces, and which pattern of the
+// memo each face it cut takes. The patterns are written out as vertex ids only once every face's
+// place in the output is known, so that a face cut or found in the memo is never copied twice.
 struct Worker {
     EarClipper clipper;
     ShapeMemo memo;
     PlanarFace planar;
     std::vector<Triangle> local;
-    std::vector<Triangle> triangles;
+    std::vector<int32_t> cutPatterns; // the memo pattern of each face cut, in face order
     TriangulationCounts counts;
     ShapeLibrary* library = nullptr;
 
-    // Cuts `face` into `triangles`, returning how many it took.
+    // Cuts `face`, or finds its cut in the memo, returning how many triangles it takes.
     int32_t cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
     // Cuts a planar face into `local`, as point indices within the face.
     bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal);
@@ -94,13 +95,12 @@ bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, i
 }
 
 int32_t Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
-    const size_t before = triangles.size();
     // A translated copy of a face cut before needs neither its normal nor any check.
     const uint64_t hash = shapeHash(faces, points, face);
-    if (const auto pattern = memo.find(faces, points, face, hash); !pattern.empty()) {
-        appendPattern(faces.faceVertices(face), pattern, triangles);
+    if (const auto pattern = memo.find(faces, points, face, hash)) {
+        cutPatterns.push_back(pattern->begin);
         ++counts.memo;
-        return static_cast<int32_t>(triangles.size() - before);
+        return pattern->count;
     }
     local.clear();
     ShapeLibrary::Cut how = ShapeLibrary::Cut::Planar;
@@ -119,12 +119,11 @@ int32_t Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int3
             library->keep(faces, points, face, hash, local, how);
     }
     ++(how == ShapeLibrary::Cut::Planar ? counts.planar : counts.tessellated);
-    appendPattern(faces.faceVertices(face), local, triangles);
-    memo.store(face, hash, local);
-    return static_cast<int32_t>(triangles.size() - before);
+    cutPatterns.push_back(memo.store(face, hash, local).begin);
+    return static_cast<int32_t>(local.size());
 }
 
-// Where the cut faces of one block left their triangles.
+// Which worker cut the faces of one block, and where its patterns for them begin.
 struct BlockSource {
     const Worker* worker;
     size_t begin;
@@ -136,7 +135,7 @@ void planBlocks(const FaceLoops& faces, std::span<const Point3> points, tbb::blo
                 Worker& w, std::span<Emit> emit, std::span<int32_t> starts, std::span<BlockSource> sources) {
     const int32_t faceCount = faces.faceCount();
     for (int32_t block = blocks.begin(); block != blocks.end(); ++block) {
-        sources[static_cast<size_t>(block)] = {&w, w.triangles.size()};
+        sources[static_cast<size_t>(block)] = {&w, w.cutPatterns.size()};
         const int32_t end = std::min(faceCount, (block + 1) * kBlockFaces);
         for (int32_t f = block * kBlockFaces; f != end; ++f) {
             const auto face = static_cast<size_t>(f);
@@ -168,7 +167,7 @@ void emitBlocks(const FaceLoops& faces, tbb::blocked_range<int32_t> blocks, std:
     const int32_t faceCount = faces.faceCount();
     for (int32_t block = blocks.begin(); block != blocks.end(); ++block) {
         const auto [worker, begin] = sources[static_cast<size_t>(block)];
-        const Triangle* cut = worker->triangles.data() + begin;
+        const int32_t* cutPattern = worker->cutPatterns.data() + begin;
         const int32_t end = std::min(faceCount, (block + 1) * kBlockFaces);
         for (int32_t f = block * kBlockFaces; f != end; ++f) {
             const auto face = static_cast<size_t>(f);
@@ -187,12 +186,10 @@ void emitBlocks(const FaceLoops& faces, tbb::blocked_range<int32_t> blocks, std:
                 to[0] = {loop[1], loop[2], loop[3]};
                 to[1] = {loop[1], loop[3], loop[0]};
                 break;
-            case Emit::Cut: {
-                const int32_t count = starts[face + 1] - starts[face];
-                std::copy_n(cut, count, to);
-                cut += count;
+            case Emit::Cut:
+                writePattern(loop, worker->memo.triangles({*cutPattern++, starts[face + 1] - starts[face]}),
+                             to);
                 break;
-            }
             }
         }
     }

@@ -95,10 +95,10 @@ bool ShapeMemo::exact(Entry& entry, const FaceLoops& faces, std::span<const Poin
     return entry.exact == Entry::Exact::Yes;
 }
 
-std::span<const Triangle> ShapeMemo::find(const FaceLoops& faces, std::span<const Point3> points,
-                                          int32_t face, uint64_t hash) {
+std::optional<ShapeMemo::Pattern> ShapeMemo::find(const FaceLoops& faces, std::span<const Point3> points,
+                                                  int32_t face, uint64_t hash) {
     if (slots_.empty())
-        return {};
+        return std::nullopt;
     const size_t mask = slots_.size() - 1;
     for (size_t s = hash & mask; slots_[s] != 0; s = (s + 1) & mask) {
         // A slot of another shape is told apart by its tag, without a look at its entry.
@@ -106,9 +106,9 @@ std::span<const Triangle> ShapeMemo::find(const FaceLoops& faces, std::span<cons
             continue;
         Entry& entry = entries_[(slots_[s] & ~kTagBits) - 1];
         if (entry.hash == hash && exact(entry, faces, points) && sameOffsets(faces, points, entry.face, face))
-            return std::span<const Triangle>(patterns_).subspan(entry.patternBegin, entry.patternCount);
+            return entry.pattern;
     }
-    return {};
+    return std::nullopt;
 }
 
 void ShapeMemo::grow() {
@@ -122,26 +122,26 @@ void ShapeMemo::grow() {
     }
 }
 
-void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
-                   std::vector<Triangle>& out) {
+void writePattern(std::span<const int32_t> ids, std::span<const Triangle> pattern, Triangle* out) {
     for (const auto& [a, b, c] : pattern)
-        out.push_back({ids[a], ids[b], ids[c]});
+        *out++ = {ids[a], ids[b], ids[c]};
 }
 
-void ShapeMemo::store(int32_t face, uint64_t hash, std::span<const Triangle> pattern) {
-    entries_.push_back(
-        {hash, face, static_cast<int32_t>(patterns_.size()), static_cast<int32_t>(pattern.size())});
+ShapeMemo::Pattern ShapeMemo::store(int32_t face, uint64_t hash, std::span<const Triangle> pattern) {
+    const Pattern stored{static_cast<int32_t>(patterns_.size()), static_cast<int32_t>(pattern.size())};
+    entries_.push_back({hash, face, stored});
     patterns_.insert(patterns_.end(), pattern.begin(), pattern.end());
     // At most half full, so that probes stay short.
     if (2 * entries_.size() > slots_.size()) {
         grow();
-        return;
+        return stored;
     }
     const size_t mask = slots_.size() - 1;
     size_t s = hash & mask;
     while (slots_[s] != 0)
         s = (s + 1) & mask;
     slots_[s] = slotFor(hash, entries_.size() - 1);
+    return stored;
 }
 
 } // namespace oz::mesh

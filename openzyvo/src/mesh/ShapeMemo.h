@@ -5,6 +5,7 @@
 #include "mesh/Vec3.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -26,9 +27,8 @@ bool offsetsExact(const FaceLoops& faces, std::span<const Point3> points, int32_
 // translate of `a`: every turn of every triangle is the same in both, and one cut fits both.
 bool sameOffsets(const FaceLoops& faces, std::span<const Point3> points, int32_t a, int32_t b);
 
-// Appends a pattern of point indices within a face, whose vertex ids are `ids`, as vertex ids.
-void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> pattern,
-                   std::vector<Triangle>& out);
+// Writes a pattern of point indices within a face, whose vertex ids are `ids`, as vertex ids.
+void writePattern(std::span<const int32_t> ids, std::span<const Triangle> pattern, Triangle* out);
 
 // Triangle patterns (point indices within the face) of the faces cut so far in one pass over a
 // mesh. Repeated letters of a text are translated copies of one outline: each is cut once. An
@@ -37,20 +37,29 @@ void appendPattern(std::span<const int32_t> ids, std::span<const Triangle> patte
 // array.
 class ShapeMemo {
 public:
-    // The pattern stored for a face of exactly this shape, or empty. The hash only finds
+    // Where a stored pattern lies among the memo's triangles.
+    struct Pattern {
+        int32_t begin = 0;
+        int32_t count = 0;
+    };
+
+    // The pattern stored for a face of exactly this shape, if any. The hash only finds
     // candidates; their shapes are compared in full, so a different shape never gets a pattern
     // that does not fit it.
-    std::span<const Triangle> find(const FaceLoops& faces, std::span<const Point3> points, int32_t face,
-                                   uint64_t hash);
-    void store(int32_t face, uint64_t hash, std::span<const Triangle> pattern);
-    void reserve(size_t patternTriangles) { patterns_.reserve(patternTriangles); }
+    std::optional<Pattern> find(const FaceLoops& faces, std::span<const Point3> points, int32_t face,
+                                uint64_t hash);
+    Pattern store(int32_t face, uint64_t hash, std::span<const Triangle> pattern);
+    // Valid until the next store.
+    std::span<const Triangle> triangles(Pattern pattern) const {
+        return std::span<const Triangle>(patterns_).subspan(static_cast<size_t>(pattern.begin),
+                                                            static_cast<size_t>(pattern.count));
+    }
 
 private:
     struct Entry {
         uint64_t hash;
         int32_t face;
-        int32_t patternBegin;
-        int32_t patternCount;
+        Pattern pattern;
         // Whether the face's offsets are exact: worked out when a candidate first meets the entry,
         // so that faces no other face resembles never pay for it.
         enum class Exact : int8_t { Unknown, Yes, No } exact = Exact::Unknown;

@@ -392,8 +392,8 @@ TEST(PlanarTriangulation, RandomHoledStarsMatchTheSweep) {
     for (int32_t f = 0; f < mesh.faceCount(); ++f) {
         std::vector<Triangle> pattern;
         GluTessellator().tessellate(mesh.faces(), mesh.points(), f, *mesh.faceNormal(f), pattern);
-        std::vector<Triangle> swept;
-        appendPattern(mesh.faces().faceVertices(f), pattern, swept);
+        std::vector<Triangle> swept(pattern.size());
+        writePattern(mesh.faces().faceVertices(f), pattern, swept.data());
         EXPECT_NEAR(triangleArea(cut.faceTriangles(f), mesh.points()), triangleArea(swept, mesh.points()),
                     1e-9)
             << "face " << f;
