@@ -159,6 +159,7 @@ PoolEdit FaceLoops::appendLoops(int32_t face, std::span<const int32_t> loopCount
     // A block that is not the last in the pool cannot grow in place: it moves to the end.
     if (f.vertexStart + f.vertexCount != poolSize()) {
         edit.copies.emplace_back(f.vertexStart, f.vertexCount);
+        leftovers_.emplace_back(f.vertexStart, f.vertexCount);
         const int32_t start = poolSize();
         appendOwnRun(vertexIds_, f.vertexStart, f.vertexCount);
         f.vertexStart = start;
@@ -201,6 +202,7 @@ PoolEdit FaceLoops::compact() {
     }
     vertexIds_ = std::move(ids);
     loopOffsets_ = std::move(offsets);
+    leftovers_.clear();
     return edit;
 }
 

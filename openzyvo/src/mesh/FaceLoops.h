@@ -101,6 +101,8 @@ public:
                          std::span<const int32_t> vertexIds);
     // True when leftovers of moved blocks outweigh the live face-vertices.
     bool wasteful() const;
+    // The pool runs (first position, count) that moved blocks left behind.
+    std::span<const std::pair<int32_t, int32_t>> leftovers() const { return leftovers_; }
     // Lays the blocks out again in face order without leftovers.
     PoolEdit compact();
 
@@ -119,6 +121,7 @@ private:
     std::vector<Face, UninitialisedAllocator<Face>> faces_;
     std::vector<int32_t> loopOffsets_; // per loop, its start within its face's block
     std::vector<int32_t, UninitialisedAllocator<int32_t>> vertexIds_; // the face-vertex pool
+    std::vector<std::pair<int32_t, int32_t>> leftovers_;
     int32_t loopTotal_ = 0;
     int32_t vertexTotal_ = 0;
 };
@@ -158,12 +161,11 @@ std::vector<typename Column::value_type> toFaceOrder(const FaceLoops& faces, con
 template <class T, class Column>
 void fromFaceOrder(const FaceLoops& faces, std::span<const int32_t> offsets, std::span<const T> ordered,
                    Column& pooled) {
-    // Every face's block is written below; the leftovers of moved blocks, if any, get a defined
-    // value too, since a pass over the whole column may read them.
-    if (faces.poolSize() == faces.faceVertexCount())
-        pooled.resize(static_cast<size_t>(faces.poolSize()));
-    else
-        pooled.assign(static_cast<size_t>(faces.poolSize()), typename Column::value_type{});
+    // Every face's block is written below; the leftovers of moved blocks get a defined value too,
+    // since a pass over the whole column may read them.
+    pooled.resize(static_cast<size_t>(faces.poolSize()));
+    for (const auto& [first, count] : faces.leftovers())
+        std::fill_n(pooled.begin() + first, count, typename Column::value_type{});
     // Each face owns its block of the pool, so the faces are copied on all cores: a solid of text
     // sends every uv id and normal of a million face-vertices this way. Faces whose blocks follow
     // each other in the pool as in face order (all but the few that took holes, in a solid) are
