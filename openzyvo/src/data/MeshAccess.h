@@ -36,8 +36,13 @@ template <class Edit> ZStatus editMesh(MeshTarget* target, MeshTarget::Edit kind
     if (!data)
         return ZStatus::kInvalidParameter;
     const ZStatus status = edit(*data);
-    if (status == ZStatus::kSuccess)
-        target->meshEdited(kind);
+    if (status != ZStatus::kSuccess)
+        return status;
+    // Builders set uvs, colours and normals once the faces are complete, and the triangles are
+    // what the host asks for next (to draw, export or cast rays): they are cut meanwhile.
+    if (kind == MeshTarget::Edit::kAttributes)
+        data->mesh.prepareTriangulation();
+    target->meshEdited(kind);
     return status;
 }
 

@@ -48,9 +48,28 @@ std::shared_ptr<const Topology> Mesh::topology() const {
     return topology_.get(topologyVersion_, [&] { return buildTopology(faces_.read(), vertexCount()); });
 }
 
+namespace {
+
+// Below this many face-vertices a mesh is cut when it is asked for: a task and the shares of the
+// data it reads cost more than the cut.
+constexpr int32_t kPreparedFaceVertices = 65536;
+
+Triangulation cutFaces(const FaceLoops& faces, std::span<const Point3> points) {
+    return triangulateFaces(faces, points, &sharedShapeLibrary());
+}
+
+} // namespace
+
 std::shared_ptr<const Triangulation> Mesh::triangulation() const {
-    return triangulation_.get(topologyVersion_, [&] {
-        return triangulateFaces(faces_.read(), points_.read(), &sharedShapeLibrary());
+    return triangulation_.get(topologyVersion_, [&] { return cutFaces(faces_.read(), points_.read()); });
+}
+
+void Mesh::prepareTriangulation() const {
+    if (faceVertexCount() < kPreparedFaceVertices)
+        return;
+    // The task holds shares of the faces and points, so that the mesh may change or go meanwhile.
+    triangulation_.buildAhead(topologyVersion_, [faces = faces_, points = points_] {
+        return cutFaces(faces.read(), points.read());
     });
 }
 

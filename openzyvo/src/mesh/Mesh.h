@@ -138,6 +138,10 @@ public:
 
     std::shared_ptr<const Topology> topology() const;
     std::shared_ptr<const Triangulation> triangulation() const;
+    // Starts cutting a large mesh's faces into triangles on another thread, unless they are cut
+    // already, so that the cut overlaps what the caller does next: builders call it once the faces
+    // are complete. triangulation() then returns what it would have built itself.
+    void prepareTriangulation() const;
     // Face-order index of each face's first face-vertex, plus faceVertexCount() at the end. Uvs and
     // normals are checked against them and laid into the pool by them.
     std::shared_ptr<const std::vector<int32_t>> faceVertexOffsets() const;

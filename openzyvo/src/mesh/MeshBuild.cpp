@@ -204,6 +204,8 @@ void Mesh::topologyChanged() {
 void Mesh::pointsMoved() {
     ++geometryVersion_;
     merge_.index.reset();
+    // The triangles are cut from the points as they are when first asked for.
+    triangulation_.forgetAhead();
 }
 
 } // namespace oz::mesh

@@ -90,7 +90,8 @@ size_t ShapeLibrary::pointCount() const {
 }
 
 ShapeLibrary& sharedShapeLibrary() {
-    static ShapeLibrary library(kSharedLibraryPoints);
+    // Never destroyed: a triangulation built ahead may still run while the program exits.
+    static ShapeLibrary& library = *new ShapeLibrary(kSharedLibraryPoints);
     return library;
 }
 
