@@ -9,12 +9,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <optional>
 #include <tbb/blocked_range.h>
 #include <tbb/enumerable_thread_specific.h>
 #include <tbb/parallel_for.h>
 #include <tuple>
+#include <utility>
 
 namespace oz::mesh {
 
@@ -123,10 +123,12 @@ int32_t Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int3
     return static_cast<int32_t>(local.size());
 }
 
-// Which worker cut the faces of one block, and where its patterns for them begin.
+// Which worker cut the faces of one block, where its patterns for them begin, and how many
+// triangles the block's faces take (then where the first of them goes).
 struct BlockSource {
     const Worker* worker;
     size_t begin;
+    int64_t triangles;
 };
 
 // Works out how each face of `blocks` is emitted and how many triangles it takes (at
@@ -135,7 +137,8 @@ void planBlocks(const FaceLoops& faces, std::span<const Point3> points, tbb::blo
                 Worker& w, std::span<Emit> emit, std::span<int32_t> starts, std::span<BlockSource> sources) {
     const int32_t faceCount = faces.faceCount();
     for (int32_t block = blocks.begin(); block != blocks.end(); ++block) {
-        sources[static_cast<size_t>(block)] = {&w, w.cutPatterns.size()};
+        BlockSource& source = sources[static_cast<size_t>(block)];
+        source = {&w, w.cutPatterns.size(), 0};
         const int32_t end = std::min(faceCount, (block + 1) * kBlockFaces);
         for (int32_t f = block * kBlockFaces; f != end; ++f) {
             const auto face = static_cast<size_t>(f);
@@ -157,21 +160,26 @@ void planBlocks(const FaceLoops& faces, std::span<const Point3> points, tbb::blo
                 emit[face] = Emit::Cut;
                 starts[face + 1] = w.cut(faces, points, f);
             }
+            source.triangles += starts[face + 1];
         }
     }
 }
 
-// Writes the triangles of `blocks` at their faces' starts.
+// Writes the triangles of `blocks` from each block's first place on, turning each face's triangle
+// count (at starts[face + 1]) into where its triangles end: blocks lay out their own faces, so no
+// pass over every face runs on one core.
 void emitBlocks(const FaceLoops& faces, tbb::blocked_range<int32_t> blocks, std::span<const Emit> emit,
-                std::span<const int32_t> starts, std::span<const BlockSource> sources, Triangle* out) {
+                std::span<int32_t> starts, std::span<const BlockSource> sources, Triangle* out) {
     const int32_t faceCount = faces.faceCount();
     for (int32_t block = blocks.begin(); block != blocks.end(); ++block) {
-        const auto [worker, begin] = sources[static_cast<size_t>(block)];
+        const auto [worker, begin, first] = sources[static_cast<size_t>(block)];
         const int32_t* cutPattern = worker->cutPatterns.data() + begin;
+        auto at = static_cast<int32_t>(first);
         const int32_t end = std::min(faceCount, (block + 1) * kBlockFaces);
         for (int32_t f = block * kBlockFaces; f != end; ++f) {
             const auto face = static_cast<size_t>(f);
-            Triangle* to = out + starts[face];
+            const int32_t count = starts[face + 1];
+            Triangle* to = out + at;
             // Triangles and quads have one loop: their face's vertices.
             const auto loop = faces.faceVertices(f);
             switch (emit[face]) {
@@ -187,10 +195,11 @@ void emitBlocks(const FaceLoops& faces, tbb::blocked_range<int32_t> blocks, std:
                 to[1] = {loop[1], loop[3], loop[0]};
                 break;
             case Emit::Cut:
-                writePattern(loop, worker->memo.triangles({*cutPattern++, starts[face + 1] - starts[face]}),
-                             to);
+                writePattern(loop, worker->memo.triangles({*cutPattern++, count}), to);
                 break;
             }
+            at += count;
+            starts[face + 1] = at;
         }
     }
 }
@@ -210,7 +219,7 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
     const int32_t faceCount = faces.faceCount();
     const int32_t blocks = (faceCount + kBlockFaces - 1) / kBlockFaces;
     Triangulation result;
-    // Each face's triangle count lands at its own entry, then the counts become starts.
+    // Each face's triangle count lands at its own entry, then becomes where its triangles end.
     result.faceTriangleStart.resize(static_cast<size_t>(faceCount) + 1);
     result.faceTriangleStart[0] = 0;
     std::vector<Emit, UninitialisedAllocator<Emit>> emit(static_cast<size_t>(faceCount));
@@ -223,9 +232,10 @@ Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> p
     });
     for (const Worker& w : workers)
         result.counts += w.counts;
-    std::partial_sum(result.faceTriangleStart.begin(), result.faceTriangleStart.end(),
-                     result.faceTriangleStart.begin());
-    result.triangles.resize(static_cast<size_t>(result.faceTriangleStart.back()));
+    int64_t total = 0;
+    for (BlockSource& source : sources)
+        total += std::exchange(source.triangles, total);
+    result.triangles.resize(static_cast<size_t>(total));
     forBlocks(faces, blocks, [&](const tbb::blocked_range<int32_t>& range) {
         emitBlocks(faces, range, emit, result.faceTriangleStart, sources, result.triangles.data());
     });
