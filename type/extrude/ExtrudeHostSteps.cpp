@@ -235,27 +235,52 @@ VertexColours vertexColours(const SolidMeshParts& parts) {
     return out;
 }
 
-ZStatus buildSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts, const char* unit,
-                       const char* holeFailure) {
-    const SolidTopology& topology = parts.topology;
+// Lends a vector to API calls as a ZIntArray, and takes it back when it goes: the calls only read
+// their arrays, and copying a solid's millions of ids costs more than a mesh's creation does.
+class LentIntArray {
+public:
+    explicit LentIntArray(std::vector<int>& owner)
+        : m_owner(owner)
+        , m_array(std::move(owner)) {}
+    ~LentIntArray() { m_owner = std::move(m_array.asVector()); }
+    LentIntArray(const LentIntArray&) = delete;
+    LentIntArray& operator=(const LentIntArray&) = delete;
+
+    const ZIntArray& array() const { return m_array; }
+
+private:
+    std::vector<int>& m_owner;
+    ZIntArray m_array;
+};
+
+ZStatus createSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts, const char* unit) {
+    SolidTopology& topology = parts.topology;
     ZStatus status;
     ZFnMeshData dataFn;
     data = dataFn.create(&status);
     if (!status)
         return reportApiError(status, unit);
-    mesh.create(topology.vertexCount, static_cast<int>(topology.faceCounts.size()), parts.points,
-                intArray(topology.faceCounts), intArray(topology.faceConnects), data, &status);
+    const auto faceCount = static_cast<int>(topology.faceCounts.size());
+    const LentIntArray counts(topology.faceCounts);
+    const LentIntArray connects(topology.faceConnects);
+    mesh.create(topology.vertexCount, faceCount, parts.points, counts.array(), connects.array(), data,
+                &status);
     if (!status)
         return reportApiError(status, unit);
+    return ZStatus::kSuccess;
+}
+
+ZStatus addCapHoles(ZFnMesh& mesh, const SolidMeshParts& parts, const char* unit, const char* holeFailure) {
     ZPointArray holePoints;
     ZIntArray loopSizes;
-    for (const CapHoles& holes : topology.capHoles) {
+    for (const CapHoles& holes : parts.topology.capHoles) {
         holePoints.clear();
         for (const int v : holes.vertices) {
             holePoints.append(parts.points[v]);
         }
         loopSizes.asVector().assign(holes.loopSizes.begin(), holes.loopSizes.end());
-        if (status = mesh.addHoles(holes.face, holePoints, loopSizes, true, kCapHoleTolerance); !status) {
+        if (const ZStatus status = mesh.addHoles(holes.face, holePoints, loopSizes, true, kCapHoleTolerance);
+            !status) {
             if (holeFailure)
                 std::cout << holeFailure << std::flush;
             return reportApiError(status, unit);
@@ -268,20 +293,22 @@ ZStatus buildSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts
 
 ZStatus writeSolidMesh(ZObject& data, const SolidMeshParts& parts, const char* unit,
                        const char* holeFailure) {
-    // The uvs and the vertex colours are worked out on other threads while this one builds the
-    // mesh.
+    // The mesh is created on all cores first; the uvs and the vertex colours are then worked out
+    // on other threads while this one puts the caps' holes back, which is mostly one core's work.
+    ZFnMesh mesh;
+    if (const ZStatus created = createSolidMesh(data, mesh, parts, unit); !created)
+        return created;
     SolidUvs uvs;
     VertexColours colours;
     tbb::task_group uvWork;
     tbb::task_group colourWork;
     uvWork.run([&] { uvs = parts.uvs(); });
     colourWork.run([&] { colours = vertexColours(parts); });
-    ZFnMesh mesh;
-    const ZStatus built = buildSolidMesh(data, mesh, parts, unit, holeFailure);
+    const ZStatus holed = addCapHoles(mesh, parts, unit, holeFailure);
     colourWork.wait();
     uvWork.wait();
-    if (!built)
-        return built;
+    if (!holed)
+        return holed;
     ZStatus status;
     const auto vertexCount = static_cast<unsigned int>(std::max(mesh.numVertices(), 0));
     if (vertexCount < colours.colours.length()) {
@@ -306,7 +333,7 @@ ZStatus writeSolidComponents(ZDataBlock& block, const ZObject& data,
         ZFnSingleIndexedComponent componentFn;
         const ZObject component = componentFn.create(ZFn::kMeshPolygonComponent, &status);
         if (status)
-            status = componentFn.addElements(intArray(group.faces));
+            status = componentFn.addElements(LentIntArray(group.faces).array());
         ZFnComponentListData listFn;
         ZObject list;
         if (status)

@@ -53,7 +53,8 @@ void writeSolidPoints(const std::vector<SolidFace>& faces, const FaceShapes& sha
 ZIntArray intArray(const std::vector<int>& values);
 
 struct SolidMeshParts {
-    const SolidTopology& topology;
+    // Its counts and connects are lent to the mesh while it is created, and back after.
+    SolidTopology& topology;
     const ZPointArray& points;
     const std::vector<SolidFace>& faces;
     const std::vector<ZColor>& colours;
@@ -70,7 +71,7 @@ ZStatus writeSolidMesh(ZObject& data, const SolidMeshParts& parts, const char* u
 // One of the cap, bevel and extrusion groups: its output list, faces and id.
 struct ComponentGroup {
     const ZObject& attribute;
-    const std::vector<int>& faces;
+    std::vector<int>& faces; // lent to the group's component while it is filled
     int id;
 };
 

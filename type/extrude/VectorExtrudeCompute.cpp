@@ -168,7 +168,7 @@ ZStatus typeExtrude::compute(const ZPlug& plug, ZDataBlock& block) {
     ZPointArray meshPoints;
     writeSolidPoints(faces, shapes, points, meshPoints);
 
-    const SolidTopology topology = solidTopology(faces, shapes, profile, settings.deleteCaps);
+    SolidTopology topology = solidTopology(faces, shapes, profile, settings.deleteCaps);
     const bool planarCaps = block.inputValue(enablePlanarCapUVs).asBool();
     auto uvs = [&] {
         SolidUvs atlas = solidUvs(faces, shapes, profile, topology, settings.deleteCaps);
