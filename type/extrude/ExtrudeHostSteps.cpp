@@ -270,10 +270,11 @@ ZStatus createSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& part
     return ZStatus::kSuccess;
 }
 
-ZStatus addCapHoles(ZFnMesh& mesh, const SolidMeshParts& parts, const char* unit, const char* holeFailure) {
+ZStatus addCapHoles(ZFnMesh& mesh, std::span<const CapHoles> capHoles, const SolidMeshParts& parts,
+                    const char* unit, const char* holeFailure) {
     ZPointArray holePoints;
     ZIntArray loopSizes;
-    for (const CapHoles& holes : parts.topology.capHoles) {
+    for (const CapHoles& holes : capHoles) {
         holePoints.clear();
         for (const int v : holes.vertices) {
             holePoints.append(parts.points[v]);
@@ -298,13 +299,18 @@ ZStatus writeSolidMesh(ZObject& data, const SolidMeshParts& parts, const char* u
     ZFnMesh mesh;
     if (const ZStatus created = createSolidMesh(data, mesh, parts, unit); !created)
         return created;
+    // The first hole that merges its points with the mesh's indexes them all, on all cores.
+    const std::span<const CapHoles> capHoles = parts.topology.capHoles;
+    const std::size_t first = std::min<std::size_t>(1, capHoles.size());
+    if (const ZStatus holed = addCapHoles(mesh, capHoles.first(first), parts, unit, holeFailure); !holed)
+        return holed;
     SolidUvs uvs;
     VertexColours colours;
     tbb::task_group uvWork;
     tbb::task_group colourWork;
     uvWork.run([&] { uvs = parts.uvs(); });
     colourWork.run([&] { colours = vertexColours(parts); });
-    const ZStatus holed = addCapHoles(mesh, parts, unit, holeFailure);
+    const ZStatus holed = addCapHoles(mesh, capHoles.subspan(first), parts, unit, holeFailure);
     colourWork.wait();
     uvWork.wait();
     if (!holed)
