@@ -32,6 +32,9 @@ namespace {
 
 // Hole points of a cap land on the ring's own vertices.
 constexpr double kCapHoleTolerance = 1e-10;
+// From about this many points on, copying a solid's arrays for the mesh costs more than waiting
+// for them, and the host indexes a mesh's points on all cores when a call first merges with them.
+constexpr int kLargeSolid = 100000;
 
 // Object groups below this index are the cap, bevel and extrusion groups.
 constexpr unsigned int kFirstCharacterGroup = 3;
@@ -253,7 +256,10 @@ private:
     ZIntArray m_array;
 };
 
-ZStatus createSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts, const char* unit) {
+// `lend` hands the topology's counts and connects to the mesh as they are, when nothing else
+// reads them meanwhile.
+ZStatus createSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& parts, bool lend,
+                        const char* unit) {
     SolidTopology& topology = parts.topology;
     ZStatus status;
     ZFnMeshData dataFn;
@@ -261,10 +267,15 @@ ZStatus createSolidMesh(ZObject& data, ZFnMesh& mesh, const SolidMeshParts& part
     if (!status)
         return reportApiError(status, unit);
     const auto faceCount = static_cast<int>(topology.faceCounts.size());
-    const LentIntArray counts(topology.faceCounts);
-    const LentIntArray connects(topology.faceConnects);
-    mesh.create(topology.vertexCount, faceCount, parts.points, counts.array(), connects.array(), data,
-                &status);
+    if (lend) {
+        const LentIntArray counts(topology.faceCounts);
+        const LentIntArray connects(topology.faceConnects);
+        mesh.create(topology.vertexCount, faceCount, parts.points, counts.array(), connects.array(), data,
+                    &status);
+    } else {
+        mesh.create(topology.vertexCount, faceCount, parts.points, intArray(topology.faceCounts),
+                    intArray(topology.faceConnects), data, &status);
+    }
     if (!status)
         return reportApiError(status, unit);
     return ZStatus::kSuccess;
@@ -294,27 +305,34 @@ ZStatus addCapHoles(ZFnMesh& mesh, std::span<const CapHoles> capHoles, const Sol
 
 ZStatus writeSolidMesh(ZObject& data, const SolidMeshParts& parts, const char* unit,
                        const char* holeFailure) {
-    // The mesh is created on all cores first; the uvs and the vertex colours are then worked out
-    // on other threads while this one puts the caps' holes back, which is mostly one core's work.
-    ZFnMesh mesh;
-    if (const ZStatus created = createSolidMesh(data, mesh, parts, unit); !created)
-        return created;
-    // The first hole that merges its points with the mesh's indexes them all, on all cores.
-    const std::span<const CapHoles> capHoles = parts.topology.capHoles;
-    const std::size_t first = std::min<std::size_t>(1, capHoles.size());
-    if (const ZStatus holed = addCapHoles(mesh, capHoles.first(first), parts, unit, holeFailure); !holed)
-        return holed;
+    // The uvs and the vertex colours are worked out on other threads. A small solid starts them
+    // at once, beside the whole build. A large one is first created on all cores from the
+    // topology's own arrays, lent to the mesh, and gets its first hole back, which indexes all of
+    // its points on all cores; the work, which reads the topology, then runs beside the other
+    // holes, mostly one core's work.
+    const bool large = parts.topology.vertexCount >= kLargeSolid;
     SolidUvs uvs;
     VertexColours colours;
-    tbb::task_group uvWork;
-    tbb::task_group colourWork;
-    uvWork.run([&] { uvs = parts.uvs(); });
-    colourWork.run([&] { colours = vertexColours(parts); });
-    const ZStatus holed = addCapHoles(mesh, capHoles.subspan(first), parts, unit, holeFailure);
-    colourWork.wait();
-    uvWork.wait();
-    if (!holed)
-        return holed;
+    tbb::task_group work;
+    const auto startWork = [&] {
+        work.run([&] { uvs = parts.uvs(); });
+        work.run([&] { colours = vertexColours(parts); });
+    };
+    if (!large)
+        startWork();
+    ZFnMesh mesh;
+    ZStatus built = createSolidMesh(data, mesh, parts, large, unit);
+    const std::span<const CapHoles> capHoles = parts.topology.capHoles;
+    const std::size_t first = large ? std::min<std::size_t>(1, capHoles.size()) : 0;
+    if (built)
+        built = addCapHoles(mesh, capHoles.first(first), parts, unit, holeFailure);
+    if (built && large)
+        startWork();
+    if (built)
+        built = addCapHoles(mesh, capHoles.subspan(first), parts, unit, holeFailure);
+    work.wait();
+    if (!built)
+        return built;
     ZStatus status;
     const auto vertexCount = static_cast<unsigned int>(std::max(mesh.numVertices(), 0));
     if (vertexCount < colours.colours.length()) {
