@@ -208,6 +208,12 @@ SolidTopology solidTopology(const std::vector<SolidFace>& faces, const FaceShape
     out.capHoles.resize(total.holes);
     out.faceVertexStarts.resize(faces.size() + 1);
     out.faceVertexStarts.back() = total.vertex;
+    out.stackFaceStarts.resize(faces.size() + 1);
+    out.stackConnectStarts.resize(faces.size() + 1);
+    for (std::size_t f = 0; f <= faces.size(); ++f) {
+        out.stackFaceStarts[f] = static_cast<int>(at[f].face);
+        out.stackConnectStarts[f] = static_cast<int>(at[f].connect);
+    }
     tbb::parallel_for(tbb::blocked_range<std::size_t>(0, faces.size(), 64),
                       [&](const tbb::blocked_range<std::size_t>& range) {
                           for (std::size_t f = range.begin(); f != range.end(); ++f) {

@@ -54,6 +54,9 @@ struct SolidTopology {
     std::vector<int> extrusionFaces;
     std::vector<CapHoles> capHoles;
     std::vector<int> faceVertexStarts; // per input face, and the vertex count at the end
+    // Per input face, the first face and the first connect of its stack, and the totals at the end.
+    std::vector<int> stackFaceStarts;
+    std::vector<int> stackConnectStarts;
 };
 
 // The rings a profile builds: without extrusion, the face itself is the only one.

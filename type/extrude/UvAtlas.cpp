@@ -189,29 +189,6 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
     for (const CapHoles& holes : topology.capHoles)
         holesOf[static_cast<std::size_t>(holes.face)] = &holes;
 
-    // The solid's faces come input face by input face: each stack's first
-    // face and first connect.
-    std::vector<std::size_t> firstFace(faces.size() + 1, solidFaces);
-    std::vector<std::size_t> firstConnect(faces.size() + 1, topology.faceConnects.size());
-    std::size_t owner = 0;
-    std::size_t next = 0;
-    for (std::size_t f = 0; f < solidFaces; ++f) {
-        while (topology.faceConnects[next] >= topology.faceVertexStarts[owner + 1])
-            ++owner;
-        if (firstFace[owner] == solidFaces) {
-            firstFace[owner] = f;
-            firstConnect[owner] = next;
-        }
-        next += static_cast<std::size_t>(topology.faceCounts[f]);
-    }
-    // A stack without faces starts and ends where the next one starts.
-    for (std::size_t o = faces.size(); o-- > 0;) {
-        if (firstFace[o] == solidFaces) {
-            firstFace[o] = firstFace[o + 1];
-            firstConnect[o] = firstConnect[o + 1];
-        }
-    }
-
     const std::size_t shapeCount = shapes.firstFace.size();
     std::vector<ShapeUvs> shapeUvs(shapeCount);
     tbb::parallel_for(std::size_t{0}, shapeCount, [&](std::size_t shape) {
@@ -230,8 +207,10 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
                 uvs.back = capOffsets(outline, true, uvs.span);
             }
         }
-        stackUvIds(faces[f], rings, topology, firstFace[f], firstFace[f + 1], firstConnect[f],
-                   topology.faceVertexStarts[f], holesOf, kind, uvs);
+        stackUvIds(faces[f], rings, topology, static_cast<std::size_t>(topology.stackFaceStarts[f]),
+                   static_cast<std::size_t>(topology.stackFaceStarts[f + 1]),
+                   static_cast<std::size_t>(topology.stackConnectStarts[f]), topology.faceVertexStarts[f],
+                   holesOf, kind, uvs);
     });
 
     // Each stack's first uv, face and id, then every stack placed in its tile.
@@ -278,7 +257,7 @@ SolidUvs solidUvs(const std::vector<SolidFace>& faces, const FaceShapes& shapes,
                        out.uvIds.begin() + static_cast<std::ptrdiff_t>(idStart[f]),
                        [base](int id) { return base + id; });
         std::copy(uvs.faceUvCounts.begin(), uvs.faceUvCounts.end(),
-                  out.faceUvCounts.begin() + static_cast<std::ptrdiff_t>(firstFace[f]));
+                  out.faceUvCounts.begin() + topology.stackFaceStarts[f]);
     });
     return out;
 }
