@@ -28,7 +28,9 @@ public:
             std::lock_guard lock(mutex_);
             value_ = std::move(value);
             version_ = version;
-            ahead_ = std::move(ahead);
+            // The build this slot had ahead, if it was the last to hold it, waits for its task
+            // when it goes: after the lock, as the wait may run a task that asks this slot.
+            std::swap(ahead_, ahead);
         }
         return *this;
     }

@@ -65,12 +65,16 @@ TEST(PreparedTriangulation, FacesAddedMeanwhileAreCut) {
     EXPECT_EQ(cut->faceTriangles(kQuads).size(), 2u);
 }
 
-TEST(PreparedTriangulation, MeshGoneBeforeItsCutEndsLeavesNothingBehind) {
+TEST(PreparedTriangulation, MeshGoneOrReplacedBeforeItsCutEndsLeavesNothingBehind) {
     // The sanitizer build checks that the running cut neither touches the mesh nor leaks.
     for (int round = 0; round < 8; ++round) {
         Mesh mesh = quadStrip();
         mesh.prepareTriangulation();
     }
+    Mesh replaced = quadStrip();
+    replaced.prepareTriangulation();
+    replaced = cube();
+    EXPECT_EQ(replaced.triangulation()->faceCount(), 6);
     std::optional<Mesh> original(quadStrip());
     original->prepareTriangulation();
     const Mesh survivor = *original;
