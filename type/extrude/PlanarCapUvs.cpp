@@ -29,8 +29,8 @@ void planarCapUvs(const std::vector<SolidFace>& faces, const SolidTopology& topo
     for (const CapHoles& holes : topology.capHoles)
         holesOf[holes.face] = &holes;
 
-    // The solid's faces come input face by input face, as its vertices do.
-    // A face's first cap is its front one, its second the back one.
+    // The solid's faces come input face by input face, each face's stack from its start in the
+    // topology. A face's first cap is its front one, its second the back one.
     std::size_t owner = 0;
     std::size_t lastCapOwner = faces.size();
     bool back = false;
@@ -52,7 +52,7 @@ void planarCapUvs(const std::vector<SolidFace>& faces, const SolidTopology& topo
             uvSlot += static_cast<std::size_t>(uvs.faceUvCounts[face]);
             continue;
         }
-        while (topology.faceConnects[connect] >= topology.faceVertexStarts[owner + 1])
+        while (static_cast<int>(face) >= topology.stackFaceStarts[owner + 1])
             ++owner;
         back = owner == lastCapOwner;
         lastCapOwner = owner;
