@@ -1,7 +1,7 @@
 // Random holed faces, rich in collinear, nearly collinear and nearly touching points: every face
-// the loop checks accept must be cut exactly (by ear clipping, from the shape memo or from a
-// library of earlier cuts), covering what the GLU sweep covers, and only faces they reject may
-// reach the sweep.
+// the loop checks accept must be cut exactly (by ear clipping, from the shape memo, from a library
+// of earlier cuts or with the cut of a face alike), covering what the GLU sweep covers, and only
+// faces they reject may reach the sweep.
 #include "../tests/openzyvo/mesh/CutChecks.h"
 #include "mesh/FaceTriangulation.h"
 #include "mesh/GluTessellator.h"
@@ -79,8 +79,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         points.insert(points.end(), hole.begin(), hole.end());
         counts.push_back(static_cast<int32_t>(hole.size()));
     }
-    // The face, an exact translate of it (the memo must hand it the same cut), and a translate
-    // with one point moved a step (the memo must not).
+    // The face, an exact translate of it (the memo must hand it the same cut), a translate with
+    // one point moved a step (the memo must not), a scaled copy and a copy with every point moved
+    // a little: faces alike, which the earlier cuts may or may not fit.
     std::vector<Point3> copies = points;
     for (const double shift : {64.0, 128.0}) {
         for (const Point3& p : points)
@@ -88,12 +89,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     const size_t nudged = 2 * points.size() + bytes.next() % points.size();
     copies[nudged].y = std::nextafter(copies[nudged].y, 1e9);
+    const double scale = 0.5 + bytes.next() / 128.0;
+    for (const Point3& p : points)
+        copies.push_back(Point3{192.0 + scale * p.x, scale * p.y, 0});
+    for (const Point3& p : points)
+        copies.push_back(p + Point3{256.0 + (bytes.next() - 128) / 256.0, (bytes.next() - 128) / 256.0, 0});
 
     // The face is cut once on its own first, as an earlier edit would, and its cut kept in a
     // library: the exact translates take it from there, the nudged copy must not.
     Mesh alone;
     Mesh mesh;
-    for (int copy = 0; copy < 3; ++copy) {
+    for (int copy = 0; copy < 5; ++copy) {
         int32_t face = -1;
         if (mesh.addPolygon(std::span(copies).subspan(copy * points.size(), points.size()), counts, false,
                             0.0, face) != Status::Success)

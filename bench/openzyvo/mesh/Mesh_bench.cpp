@@ -9,20 +9,28 @@
 namespace oz::mesh {
 namespace {
 
+// How the faces of `holedFaces` differ from one another.
+enum class Likeness {
+    Translated, // faces in one binade of the coordinates are exact translates, as repeated letters can be
+    Scaled,     // each face a little smaller than the one before, so that no two are translates
+    Renumbered, // scaled, and each face's outer loop starts at another of its corners
+};
+
 // A grid of letter-like faces: a 12-sided outer loop with two square holes, 20 points each, all
-// vertices unshared as on a text cap mesh. 10,000 faces give 200,000 points. Faces in one binade
-// of the coordinates are exact translates of each other, as repeated letters can be; `distinct`
-// scales each face a little differently, so that none is.
-Mesh holedFaces(int faceCount, bool distinct = false) {
+// vertices unshared as on a text cap mesh. 10,000 faces give 200,000 points.
+Mesh holedFaces(int faceCount, Likeness likeness = Likeness::Translated) {
     Mesh mesh;
     const int columns = static_cast<int>(std::ceil(std::sqrt(faceCount)));
     for (int f = 0; f < faceCount; ++f) {
         const double cx = 3.0 * (f % columns);
         const double cy = 3.0 * (f / columns);
+        const double scale = likeness == Likeness::Translated ? 1.0 : 1.0 - 1e-5 * f;
+        const int first = likeness == Likeness::Renumbered ? f % 12 : 0;
         std::vector<Point3> points;
-        for (int i = 0; i < 12; ++i) {
+        for (int k = 0; k < 12; ++k) {
+            const int i = (first + k) % 12;
             const double a = 2.0 * std::numbers::pi * i / 12.0;
-            const double r = (i % 2 == 0 ? 1.2 : 1.0) * (distinct ? 1.0 - 1e-5 * f : 1.0); // concave
+            const double r = (i % 2 == 0 ? 1.2 : 1.0) * scale; // concave
             points.push_back({cx + r * std::cos(a), cy + r * std::sin(a), 0.0});
         }
         for (const double hx : {-0.5, 0.1}) {
@@ -56,9 +64,10 @@ BENCHMARK(BM_TriangulateFacesWithHoles)
     ->UseRealTime()
     ->MeasureProcessCPUTime();
 
-// The same faces with no two alike: every face is checked and cut.
+// The same faces with no two alike: every face is checked, and the cut of the one before it is
+// proven to fit it.
 void BM_TriangulateDistinctFacesWithHoles(benchmark::State& state) {
-    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)), true);
+    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)), Likeness::Scaled);
     TriangulationCounts counts;
     for (auto _ : state) {
         Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
@@ -66,9 +75,29 @@ void BM_TriangulateDistinctFacesWithHoles(benchmark::State& state) {
         counts = t.counts;
     }
     state.counters["memo"] = counts.memo;
+    state.counters["similar"] = counts.similar;
     state.counters["glu"] = counts.tessellated;
 }
 BENCHMARK(BM_TriangulateDistinctFacesWithHoles)
+    ->Arg(10000)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime();
+
+// Faces numbered each from another corner, so that the cut of one face alike rarely fits the
+// next: nearly every face is checked, tried against an earlier cut and cut by ear clipping.
+void BM_TriangulateRenumberedFacesWithHoles(benchmark::State& state) {
+    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)), Likeness::Renumbered);
+    TriangulationCounts counts;
+    for (auto _ : state) {
+        Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
+        benchmark::DoNotOptimize(t.triangles.data());
+        counts = t.counts;
+    }
+    state.counters["planar"] = counts.planar;
+    state.counters["similar"] = counts.similar;
+}
+BENCHMARK(BM_TriangulateRenumberedFacesWithHoles)
     ->Arg(10000)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime()

@@ -129,6 +129,7 @@ void solidAfterTextChange(benchmark::State& state, std::string text, bool bevel)
     }
     report(state, scene, triangles);
     state.counters["memo"] = scene.cuts().memo;
+    state.counters["similar"] = scene.cuts().similar;
     state.counters["tessellated"] = scene.cuts().tessellated;
 }
 

@@ -153,6 +153,7 @@ void evaluateFlat(benchmark::State& state, const std::string& text) {
     }
     state.counters["characters"] = static_cast<double>(text.size());
     state.counters["memo"] = counts.memo;
+    state.counters["similar"] = counts.similar;
     state.counters["glu"] = counts.tessellated;
 }
 

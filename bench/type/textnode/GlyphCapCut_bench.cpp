@@ -72,6 +72,7 @@ void cutGlyphCaps(benchmark::State& state, const std::string& family, const std:
                                                                 benchmark::Counter::kInvert);
     state.counters["planar"] = counts.planar;
     state.counters["memo"] = counts.memo;
+    state.counters["similar"] = counts.similar;
     state.counters["glu"] = counts.tessellated;
 }
 

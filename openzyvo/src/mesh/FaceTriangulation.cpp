@@ -6,6 +6,7 @@
 #include "mesh/Normals.h"
 #include "mesh/PlanarFace.h"
 #include "mesh/ShapeMemo.h"
+#include "mesh/SimilarCuts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -73,6 +74,7 @@ GluTessellator& threadTessellator() {
 struct Worker {
     EarClipper clipper;
     ShapeMemo memo;
+    SimilarCuts similar;
     PlanarFace planar;
     std::vector<Triangle> local;
     std::vector<int32_t> cutPatterns; // the memo pattern of each face cut, in face order
@@ -86,9 +88,16 @@ struct Worker {
 };
 
 bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal) {
-    if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar) ||
-        !clipper.triangulate(planar, local))
+    if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar))
         return false;
+    if (const auto fitting = similar.find(planar); !fitting.empty()) {
+        local.assign(fitting.begin(), fitting.end());
+        ++counts.similar;
+    } else if (clipper.triangulate(planar, local)) {
+        similar.keep(planar, local);
+    } else {
+        return false;
+    }
     for (auto& [a, b, c] : local)
         std::tie(a, b, c) = std::tuple(planar.source[a], planar.source[b], planar.source[c]);
     return true;

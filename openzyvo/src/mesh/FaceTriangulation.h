@@ -22,6 +22,9 @@ struct TriangulationCounts {
     int32_t tessellated = 0; // by the GLU sweep
     // Of the planar and tessellated faces, those whose cut an earlier pass made (see ShapeLibrary).
     int32_t reused = 0;
+    // Of the planar faces, those that took the cut of an earlier face alike once it was proven to
+    // fit them (see SimilarCuts).
+    int32_t similar = 0;
 
     TriangulationCounts& operator+=(const TriangulationCounts& o) {
         simple += o.simple;
@@ -29,6 +32,7 @@ struct TriangulationCounts {
         memo += o.memo;
         tessellated += o.tessellated;
         reused += o.reused;
+        similar += o.similar;
         return *this;
     }
 };
@@ -51,7 +55,8 @@ struct Triangulation {
 
 // Triangulates all faces in parallel, wound counter-clockwise about each face's normal. A planar
 // face whose loops are simple and properly nested is cut by ear clipping, with no triangle of
-// zero area; translated copies of a face reuse its cut. Anything else goes to the GLU sweep. A
+// zero area; translated copies of a face reuse its cut, and so do faces alike when the cut is
+// proven to fit them. Anything else goes to the GLU sweep. A
 // face that cannot be cut at all (all points on a line, a non-finite coordinate) gets no
 // triangles; nothing here fails or throws on bad geometry. With a library, exact translates of
 // faces cut in earlier passes take those cuts, and the faces cut here are kept there.

@@ -91,9 +91,10 @@ TEST_P(CapTriangulation, EveryWellFormedGlyphCapIsCutExactlyWithoutTheSweep) {
         EXPECT_LE(cut.counts.tessellated, illFormed);
         EXPECT_LE(100 * cut.counts.tessellated, mesh->faceCount()) << "more than 1 % of the caps were swept";
         std::cout << GetParam() << " " << style << ": " << characters.size() << " characters, "
-                  << mesh->faceCount() << " faces: " << cut.counts.planar << " cut, " << cut.counts.memo
-                  << " from the memo, " << cut.counts.simple << " triangles or convex quads, "
-                  << cut.counts.tessellated << " swept\n";
+                  << mesh->faceCount() << " faces: " << cut.counts.planar << " cut (" << cut.counts.similar
+                  << " with the cut of a cap alike), " << cut.counts.memo << " from the memo, "
+                  << cut.counts.simple << " triangles or convex quads, " << cut.counts.tessellated
+                  << " swept\n";
     }
 }
 
