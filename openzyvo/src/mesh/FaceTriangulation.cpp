@@ -71,6 +71,10 @@ GluTessellator& threadTessellator() {
 // What one thread produces: its cutter and memo, reused across faces, and which pattern of the
 // memo each face it cut takes. The patterns are written out as vertex ids only once every face's
 // place in the output is known, so that a face cut or found in the memo is never copied twice.
+// A face takes the cut of a face alike only from the faces before it in its block, and from
+// other blocks and the library only cuts made afresh, which cutting it afresh would make as
+// well: the cut a face gets never depends on which thread took which blocks, and a mesh is cut
+// the same in every run.
 struct Worker {
     EarClipper clipper;
     ShapeMemo memo;
@@ -81,54 +85,97 @@ struct Worker {
     TriangulationCounts counts;
     ShapeLibrary* library = nullptr;
 
+    void startBlock(int32_t block) {
+        memo.startBlock(block);
+        similar.startBlock();
+    }
     // Cuts `face`, or finds its cut in the memo, returning how many triangles it takes.
     int32_t cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face);
-    // Cuts a planar face into `local`, as point indices within the face.
-    bool cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal);
+    // Cuts the face into `local` as point indices within the face, by ear clipping `planar` when
+    // `wellFormed` or else by the sweep, and keeps the cut in the library.
+    ShapeLibrary::Cut cutAfresh(const FaceLoops& faces, std::span<const Point3> points, int32_t face,
+                                uint64_t hash, Vector3 normal, bool wellFormed);
 };
 
-bool Worker::cutPlanar(const FaceLoops& faces, std::span<const Point3> points, int32_t face, Vector3 normal) {
-    if (!flattenFace(faces, points, face, normal, planar) || !loopsWellFormed(planar))
-        return false;
-    if (const auto fitting = similar.find(planar); !fitting.empty()) {
-        local.assign(fitting.begin(), fitting.end());
-        ++counts.similar;
-    } else if (clipper.triangulate(planar, local)) {
-        similar.keep(planar, local);
+ShapeLibrary::Cut Worker::cutAfresh(const FaceLoops& faces, std::span<const Point3> points, int32_t face,
+                                    uint64_t hash, Vector3 normal, bool wellFormed) {
+    ShapeLibrary::Cut how = ShapeLibrary::Cut::Planar;
+    if (wellFormed && clipper.triangulate(planar, local)) {
+        for (auto& [a, b, c] : local)
+            std::tie(a, b, c) = std::tuple(planar.source[a], planar.source[b], planar.source[c]);
     } else {
-        return false;
+        // Crossing loops come from repeated glyphs too (a bevel folding at the same corner of
+        // every copy), so the sweep's pattern is kept for their copies like a planar cut.
+        local.clear();
+        threadTessellator().tessellate(faces, points, face, normal, local);
+        how = ShapeLibrary::Cut::Tessellated;
     }
-    for (auto& [a, b, c] : local)
-        std::tie(a, b, c) = std::tuple(planar.source[a], planar.source[b], planar.source[c]);
-    return true;
+    if (library)
+        library->keep(faces, points, face, hash, local, how);
+    return how;
 }
 
 int32_t Worker::cut(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
     // A translated copy of a face cut before needs neither its normal nor any check.
     const uint64_t hash = shapeHash(faces, points, face);
-    if (const auto pattern = memo.find(faces, points, face, hash)) {
-        cutPatterns.push_back(pattern->begin);
+    const auto found = memo.find(faces, points, face, hash);
+    if (found && found->ownBlock) {
+        cutPatterns.push_back(found->pattern.begin);
         ++counts.memo;
-        return pattern->count;
+        return found->pattern.count;
     }
+    // The face is laid flat and checked when first needed, and only once.
+    Vector3 normal;
+    std::optional<bool> flat;
+    std::optional<bool> formed;
+    auto laidFlat = [&] {
+        if (!flat) {
+            normal = faceNormal(faces, points, face);
+            flat = normal != Vector3{} && flattenFace(faces, points, face, normal, planar);
+        }
+        return *flat;
+    };
+    auto wellFormed = [&] {
+        if (!formed)
+            formed = laidFlat() && loopsWellFormed(planar);
+        return *formed;
+    };
     local.clear();
+    const auto earlier = similar.candidate(faces, face);
+    // The loop checks cost the most and come last: most cuts that do not fit turn over at once.
+    if (!earlier.empty() && laidFlat() && planar.points.size() == faces.faceVertices(face).size() &&
+        cutFits(planar, earlier) && wellFormed()) {
+        local.assign(earlier.begin(), earlier.end());
+        ++counts.similar;
+        ++counts.planar;
+        cutPatterns.push_back(memo.store(face, hash, local, ShapeMemo::Origin::Alike).begin);
+        return static_cast<int32_t>(local.size());
+    }
+    if (found) {
+        // A cut made afresh in an earlier block: the face's copies in this one take it too.
+        memo.take(*found);
+        if (found->origin == ShapeMemo::Origin::Clipped)
+            similar.keep(faces, face, memo.triangles(found->pattern));
+        cutPatterns.push_back(found->pattern.begin);
+        ++counts.memo;
+        return found->pattern.count;
+    }
     ShapeLibrary::Cut how = ShapeLibrary::Cut::Planar;
     if (library && library->find(faces, points, face, hash, local, how)) {
         ++counts.reused;
     } else {
-        const Vector3 normal = faceNormal(faces, points, face);
-        if (normal == Vector3{} || !cutPlanar(faces, points, face, normal)) {
-            // Crossing loops come from repeated glyphs too (a bevel folding at the same corner of
-            // every copy), so the sweep's pattern is kept for their copies like a planar cut.
-            local.clear();
-            threadTessellator().tessellate(faces, points, face, normal, local);
-            how = ShapeLibrary::Cut::Tessellated;
-        }
-        if (library)
-            library->keep(faces, points, face, hash, local, how);
+        // Checking the loops lays the face flat first, which finds its normal.
+        const bool cuttable = wellFormed();
+        how = cutAfresh(faces, points, face, hash, normal, cuttable);
     }
-    ++(how == ShapeLibrary::Cut::Planar ? counts.planar : counts.tessellated);
-    cutPatterns.push_back(memo.store(face, hash, local).begin);
+    const bool planarCut = how == ShapeLibrary::Cut::Planar;
+    ++(planarCut ? counts.planar : counts.tessellated);
+    // Only ear clipping leaves the loops as the edges of its cut, which a face alike relies on.
+    if (planarCut)
+        similar.keep(faces, face, local);
+    cutPatterns.push_back(
+        memo.store(face, hash, local, planarCut ? ShapeMemo::Origin::Clipped : ShapeMemo::Origin::Swept)
+            .begin);
     return static_cast<int32_t>(local.size());
 }
 
@@ -148,6 +195,7 @@ void planBlocks(const FaceLoops& faces, std::span<const Point3> points, tbb::blo
     for (int32_t block = blocks.begin(); block != blocks.end(); ++block) {
         BlockSource& source = sources[static_cast<size_t>(block)];
         source = {&w, w.cutPatterns.size(), 0};
+        w.startBlock(block);
         const int32_t end = std::min(faceCount, (block + 1) * kBlockFaces);
         for (int32_t f = block * kBlockFaces; f != end; ++f) {
             const auto face = static_cast<size_t>(f);

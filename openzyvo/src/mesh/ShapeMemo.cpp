@@ -95,20 +95,29 @@ bool ShapeMemo::exact(Entry& entry, const FaceLoops& faces, std::span<const Poin
     return entry.exact == Entry::Exact::Yes;
 }
 
-std::optional<ShapeMemo::Pattern> ShapeMemo::find(const FaceLoops& faces, std::span<const Point3> points,
-                                                  int32_t face, uint64_t hash) {
+std::optional<ShapeMemo::Found> ShapeMemo::find(const FaceLoops& faces, std::span<const Point3> points,
+                                                int32_t face, uint64_t hash) {
     if (slots_.empty())
         return std::nullopt;
+    std::optional<Found> found;
     const size_t mask = slots_.size() - 1;
     for (size_t s = hash & mask; slots_[s] != 0; s = (s + 1) & mask) {
         // A slot of another shape is told apart by its tag, without a look at its entry.
         if (((slots_[s] ^ hash) & kTagBits) != 0)
             continue;
-        Entry& entry = entries_[(slots_[s] & ~kTagBits) - 1];
-        if (entry.hash == hash && exact(entry, faces, points) && sameOffsets(faces, points, entry.face, face))
-            return entry.pattern;
+        const auto index = static_cast<int32_t>((slots_[s] & ~kTagBits) - 1);
+        Entry& entry = entries_[static_cast<size_t>(index)];
+        const bool own = entry.block == block_;
+        // Once a pattern cut afresh is found, only one of the current block can do better.
+        if (entry.hash != hash || !(own || (entry.origin != Origin::Alike && !found)))
+            continue;
+        if (!exact(entry, faces, points) || !sameOffsets(faces, points, entry.face, face))
+            continue;
+        found = Found{entry.pattern, entry.origin, own, index};
+        if (own)
+            break;
     }
-    return std::nullopt;
+    return found;
 }
 
 void ShapeMemo::grow() {
@@ -127,9 +136,10 @@ void writePattern(std::span<const int32_t> ids, std::span<const Triangle> patter
         *out++ = {ids[a], ids[b], ids[c]};
 }
 
-ShapeMemo::Pattern ShapeMemo::store(int32_t face, uint64_t hash, std::span<const Triangle> pattern) {
+ShapeMemo::Pattern ShapeMemo::store(int32_t face, uint64_t hash, std::span<const Triangle> pattern,
+                                    Origin origin) {
     const Pattern stored{static_cast<int32_t>(patterns_.size()), static_cast<int32_t>(pattern.size())};
-    entries_.push_back({hash, face, stored});
+    entries_.push_back({hash, face, stored, Entry::Exact::Unknown, origin, block_});
     patterns_.insert(patterns_.end(), pattern.begin(), pattern.end());
     // At most half full, so that probes stay short.
     if (2 * entries_.size() > slots_.size()) {

@@ -10,62 +10,73 @@ uint64_t mix(uint64_t hash, uint64_t value) {
     return hash ^ (value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2));
 }
 
-// Whether loop `l` of a well-formed face is a hole running counter-clockwise, which the cutter
-// turns round before joining it.
-bool reversedHole(const PlanarFace& face, int32_t l) {
-    return l > 0 && face.twiceArea[l] > 0.0;
+uint64_t loopSizesKey(const FaceLoops& faces, int32_t face) {
+    uint64_t hash = static_cast<uint64_t>(faces.faceLoopCount(face));
+    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l)
+        hash = mix(hash, faces.loop(face, l).size());
+    return hash;
 }
 
-// A key for the faces alike in loops, holes and reflex corners. It only names candidates: the
-// loops are compared in full, and a cut is taken only once proven to fit.
-uint64_t familyKey(const PlanarFace& face) {
-    uint64_t hash = static_cast<uint64_t>(face.loopCount());
-    for (int32_t l = 0; l < face.loopCount(); ++l)
-        hash = mix(hash, static_cast<uint64_t>(face.loopSize(l)) * 2 + (reversedHole(face, l) ? 1 : 0));
-    // One bit per corner, 64 at a time.
-    uint64_t reflex = 0;
-    for (size_t i = 0; i < face.turn.size(); ++i) {
-        reflex |= static_cast<uint64_t>(face.turn[i] <= 0) << (i % 64);
-        if (i % 64 == 63) {
-            hash = mix(hash, reflex);
-            reflex = 0;
+// Whether `cut` runs from the first point of loop `l` to its second (rather than back), through
+// the one triangle that borders that loop edge.
+bool runsForward(const PlanarFace& face, int32_t l, std::span<const Triangle> cut) {
+    const int32_t first = face.loopStart[l];
+    const int32_t second = first + 1;
+    for (const Triangle& t : cut) {
+        for (int k = 0; k < 3; ++k) {
+            const int32_t from = t[k];
+            const int32_t to = t[(k + 1) % 3];
+            if (from == first && to == second)
+                return true;
+            if (from == second && to == first)
+                return false;
         }
     }
-    return mix(hash, reflex);
+    return false;
 }
 
 } // namespace
 
 bool cutFits(const PlanarFace& face, std::span<const Triangle> cut) {
+    // Ear clipping makes two more triangles per hole than points less two; a face that lost a
+    // point when laid flat was cut with fewer.
+    const auto holes = static_cast<size_t>(face.loopCount() - 1);
+    if (cut.size() + 2 != face.points.size() + 2 * holes)
+        return false;
+    for (int32_t l = 0; l < face.loopCount(); ++l) {
+        // The outer loop runs counter-clockwise, holes were turned clockwise.
+        const bool forward = l == 0 || face.twiceArea[l] < 0.0;
+        if (runsForward(face, l, cut) != forward)
+            return false;
+    }
     const auto& p = face.points;
     return std::all_of(cut.begin(), cut.end(),
                        [&](const Triangle& t) { return orientation(p[t[0]], p[t[1]], p[t[2]]) > 0; });
 }
 
-bool SimilarCuts::sameLoops(const Entry& entry, const PlanarFace& face) {
-    if (!std::equal(entry.loopStart.begin(), entry.loopStart.end(), face.loopStart.begin(),
-                    face.loopStart.end()))
+bool SimilarCuts::sameSizes(const Entry& entry, const FaceLoops& faces, int32_t face) {
+    if (entry.loopSizes.size() != static_cast<size_t>(faces.faceLoopCount(face)))
         return false;
-    for (int32_t l = 0; l < face.loopCount(); ++l) {
-        if (entry.reversed[static_cast<size_t>(l)] != reversedHole(face, l))
+    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l) {
+        if (entry.loopSizes[static_cast<size_t>(l)] != static_cast<int32_t>(faces.loop(face, l).size()))
             return false;
     }
     return true;
 }
 
-std::span<const Triangle> SimilarCuts::find(const PlanarFace& face) {
-    const auto found = entries_.find(familyKey(face));
-    if (found == entries_.end() || !sameLoops(found->second, face) || !cutFits(face, found->second.cut))
+std::span<const Triangle> SimilarCuts::candidate(const FaceLoops& faces, int32_t face) const {
+    const auto found = entries_.find(loopSizesKey(faces, face));
+    if (found == entries_.end() || found->second.block != block_ || !sameSizes(found->second, faces, face))
         return {};
     return found->second.cut;
 }
 
-void SimilarCuts::keep(const PlanarFace& face, std::span<const Triangle> cut) {
-    Entry& entry = entries_[familyKey(face)];
-    entry.loopStart = face.loopStart;
-    entry.reversed.resize(static_cast<size_t>(face.loopCount()));
-    for (int32_t l = 0; l < face.loopCount(); ++l)
-        entry.reversed[static_cast<size_t>(l)] = reversedHole(face, l);
+void SimilarCuts::keep(const FaceLoops& faces, int32_t face, std::span<const Triangle> cut) {
+    Entry& entry = entries_[loopSizesKey(faces, face)];
+    entry.loopSizes.resize(static_cast<size_t>(faces.faceLoopCount(face)));
+    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l)
+        entry.loopSizes[static_cast<size_t>(l)] = static_cast<int32_t>(faces.loop(face, l).size());
+    entry.block = block_;
     entry.cut.assign(cut.begin(), cut.end());
 }
 

@@ -2,6 +2,8 @@
 #include "MeshTestShapes.h"
 #include "mesh/FaceTriangulation.h"
 
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace oz::mesh {
@@ -36,14 +38,42 @@ TEST(SimilarCuts, FacesAlikeTakeTheCutOfTheFirstOnlyWhereItFits) {
     // box is cut afresh.
     addFace(mesh, {notchedBox({3, 1, 0})});
     addFace(mesh, {notchedBox({5, 3, 0})});
+    // A square with a corner given twice is cut as the square it is; the cut of those four points
+    // leaves out half of a box of five points.
+    addFace(mesh, {{{0, 0, 0}, {4, 0, 0}, {4, 0, 0}, {4, 4, 0}, {0, 4, 0}}});
+    addFace(mesh, {{{0, 0, 0}, {2, 0, 0}, {4, 0, 0}, {4, 4, 0}, {0, 4, 0}}});
 
     const Triangulation cut = triangulateFaces(mesh.faces(), mesh.points());
-    EXPECT_EQ(cut.counts.planar, 4);
+    EXPECT_EQ(cut.counts.planar, 6);
     EXPECT_EQ(cut.counts.memo, 0);
     EXPECT_EQ(cut.counts.similar, 1);
     for (int32_t f = 0; f < mesh.faceCount(); ++f)
         EXPECT_EQ(cutFault(mesh.faces(), mesh.points(), f, cut.faceTriangles(f), *mesh.faceNormal(f)), "")
             << "face " << f;
+}
+
+// Which faces a thread cuts first used to decide which earlier cut a face alike took, so a mesh
+// of many faces came out with other triangles in every run.
+TEST(SimilarCuts, CutDoesNotDependOnWhichThreadTookWhichFaces) {
+    Mesh mesh;
+    for (int f = 0; f < 20000; ++f) {
+        // Notches spread over the box by the golden ratio: some cuts fit the next box, some not.
+        const double u = std::fmod(0.618033988749895 * f, 1.0);
+        const double v = std::fmod(0.754877666246693 * f, 1.0);
+        std::vector<Point3> box = notchedBox({2.5 + 3.0 * u, 0.5 + 3.0 * v, 0});
+        for (Point3& p : box)
+            p = p + Point3{7.0 * (f % 100), 5.0 * (f / 100), 0};
+        addFace(mesh, {box});
+    }
+    const Triangulation first = triangulateFaces(mesh.faces(), mesh.points());
+    ASSERT_GT(first.counts.similar, 0);
+    ASSERT_LT(first.counts.similar, mesh.faceCount());
+    for (int run = 0; run < 8; ++run) {
+        const Triangulation again = triangulateFaces(mesh.faces(), mesh.points());
+        ASSERT_TRUE(std::equal(again.triangles.begin(), again.triangles.end(), first.triangles.begin(),
+                               first.triangles.end()))
+            << "run " << run;
+    }
 }
 
 } // namespace
