@@ -45,8 +45,8 @@ Mesh holedFaces(int faceCount, Likeness likeness = Likeness::Translated) {
     return mesh;
 }
 
-void BM_TriangulateFacesWithHoles(benchmark::State& state) {
-    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)));
+void triangulateHoledFaces(benchmark::State& state, Likeness likeness) {
+    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)), likeness);
     TriangulationCounts counts;
     for (auto _ : state) {
         Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
@@ -55,8 +55,14 @@ void BM_TriangulateFacesWithHoles(benchmark::State& state) {
     }
     state.counters["points"] = mesh.vertexCount();
     state.counters["faces"] = mesh.faceCount();
+    state.counters["planar"] = counts.planar;
+    state.counters["similar"] = counts.similar;
     state.counters["memo"] = counts.memo;
     state.counters["glu"] = counts.tessellated;
+}
+
+void BM_TriangulateFacesWithHoles(benchmark::State& state) {
+    triangulateHoledFaces(state, Likeness::Translated);
 }
 BENCHMARK(BM_TriangulateFacesWithHoles)
     ->Arg(10000)
@@ -67,16 +73,7 @@ BENCHMARK(BM_TriangulateFacesWithHoles)
 // The same faces with no two alike: every face is checked, and the cut of the one before it is
 // proven to fit it.
 void BM_TriangulateDistinctFacesWithHoles(benchmark::State& state) {
-    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)), Likeness::Scaled);
-    TriangulationCounts counts;
-    for (auto _ : state) {
-        Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
-        benchmark::DoNotOptimize(t.triangles.data());
-        counts = t.counts;
-    }
-    state.counters["memo"] = counts.memo;
-    state.counters["similar"] = counts.similar;
-    state.counters["glu"] = counts.tessellated;
+    triangulateHoledFaces(state, Likeness::Scaled);
 }
 BENCHMARK(BM_TriangulateDistinctFacesWithHoles)
     ->Arg(10000)
@@ -87,15 +84,7 @@ BENCHMARK(BM_TriangulateDistinctFacesWithHoles)
 // Faces numbered each from another corner, so that the cut of one face alike rarely fits the
 // next: nearly every face is checked, tried against an earlier cut and cut by ear clipping.
 void BM_TriangulateRenumberedFacesWithHoles(benchmark::State& state) {
-    const Mesh mesh = holedFaces(static_cast<int>(state.range(0)), Likeness::Renumbered);
-    TriangulationCounts counts;
-    for (auto _ : state) {
-        Triangulation t = triangulateFaces(mesh.faces(), mesh.points());
-        benchmark::DoNotOptimize(t.triangles.data());
-        counts = t.counts;
-    }
-    state.counters["planar"] = counts.planar;
-    state.counters["similar"] = counts.similar;
+    triangulateHoledFaces(state, Likeness::Renumbered);
 }
 BENCHMARK(BM_TriangulateRenumberedFacesWithHoles)
     ->Arg(10000)

@@ -1,5 +1,7 @@
 #include "mesh/ShapeMemo.h"
 
+#include "mesh/HashCombine.h"
+
 #include <algorithm>
 #include <bit>
 
@@ -8,11 +10,6 @@ namespace oz::mesh {
 namespace {
 
 constexpr size_t kHashedPoints = 4;
-
-uint64_t mix(uint64_t hash, uint64_t value) {
-    hash ^= value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2);
-    return hash;
-}
 
 // A slot holds the high half of its entry's hash as a tag and the entry's index plus one.
 constexpr uint64_t kTagBits = 0xffffffff00000000ULL;
@@ -38,14 +35,14 @@ bool exactDifference(double a, double b, double& difference) {
 uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
     uint64_t hash = 0;
     for (int32_t l = 0; l < faces.faceLoopCount(face); ++l)
-        hash = mix(hash, faces.loop(face, l).size());
+        hash = hashCombine(hash, faces.loop(face, l).size());
     // A sample of the offsets spreads the keys well enough; candidates are compared in full.
     const auto ids = faces.faceVertices(face);
     const Point3 origin = points[ids[0]];
     const size_t step = std::max<size_t>(1, ids.size() / kHashedPoints);
     for (size_t i = step; i < ids.size(); i += step) {
         const Vector3 d = points[ids[i]] - origin;
-        hash = mix(mix(mix(hash, bitsOf(d.x)), bitsOf(d.y)), bitsOf(d.z));
+        hash = hashCombine(hashCombine(hashCombine(hash, bitsOf(d.x)), bitsOf(d.y)), bitsOf(d.z));
     }
     return hash;
 }

@@ -1,19 +1,17 @@
 #include "mesh/SimilarCuts.h"
 
+#include "mesh/HashCombine.h"
+
 #include <algorithm>
 
 namespace oz::mesh {
 
 namespace {
 
-uint64_t mix(uint64_t hash, uint64_t value) {
-    return hash ^ (value + 0x9e3779b97f4a7c15ULL + (hash << 6) + (hash >> 2));
-}
-
 uint64_t loopSizesKey(const FaceLoops& faces, int32_t face) {
     uint64_t hash = static_cast<uint64_t>(faces.faceLoopCount(face));
     for (int32_t l = 0; l < faces.faceLoopCount(face); ++l)
-        hash = mix(hash, faces.loop(face, l).size());
+        hash = hashCombine(hash, faces.loop(face, l).size());
     return hash;
 }
 
