@@ -56,9 +56,9 @@ struct Triangulation {
 // Triangulates all faces in parallel, wound counter-clockwise about each face's normal. A planar
 // face whose loops are simple and properly nested is cut by ear clipping, with no triangle of
 // zero area; translated copies of a face reuse its cut, and so do faces alike when the cut is
-// proven to fit them. Anything else goes to the GLU sweep. A
-// face that cannot be cut at all (all points on a line, a non-finite coordinate) gets no
-// triangles; nothing here fails or throws on bad geometry. With a library, exact translates of
+// proven to fit them. Anything else goes to the GLU sweep. A face that cannot be cut at all (all
+// points on a line, a non-finite coordinate) gets no triangles; nothing here fails or throws on
+// bad geometry. With a library, exact translates of
 // faces cut in earlier passes take those cuts, and the faces cut here are kept there.
 Triangulation triangulateFaces(const FaceLoops& faces, std::span<const Point3> points,
                                ShapeLibrary* library = nullptr);

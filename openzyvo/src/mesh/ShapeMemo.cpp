@@ -32,10 +32,15 @@ bool exactDifference(double a, double b, double& difference) {
     return (a - aVirtual) + (bVirtual - b) == 0.0;
 }
 
-uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
+uint64_t loopSizesHash(const FaceLoops& faces, int32_t face) {
     uint64_t hash = 0;
     for (int32_t l = 0; l < faces.faceLoopCount(face); ++l)
         hash = hashCombine(hash, faces.loop(face, l).size());
+    return hash;
+}
+
+uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32_t face) {
+    uint64_t hash = loopSizesHash(faces, face);
     // A sample of the offsets spreads the keys well enough; candidates are compared in full.
     const auto ids = faces.faceVertices(face);
     const Point3 origin = points[ids[0]];

@@ -14,6 +14,9 @@ namespace oz::mesh {
 // a - b into `difference`; true when it is exact, which is when no bits of it were rounded away.
 bool exactDifference(double a, double b, double& difference);
 
+// A hash of a face's loop sizes: faces of one outline, however drawn, share it.
+uint64_t loopSizesHash(const FaceLoops& faces, int32_t face);
+
 // A hash of a face's shape up to translation: its loop sizes and a sample of its points relative
 // to the first one. Equal shapes hash alike; equal hashes only name candidates.
 uint64_t shapeHash(const FaceLoops& faces, std::span<const Point3> points, int32_t face);

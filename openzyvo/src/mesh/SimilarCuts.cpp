@@ -1,6 +1,6 @@
 #include "mesh/SimilarCuts.h"
 
-#include "mesh/HashCombine.h"
+#include "mesh/ShapeMemo.h"
 
 #include <algorithm>
 
@@ -8,16 +8,10 @@ namespace oz::mesh {
 
 namespace {
 
-uint64_t loopSizesKey(const FaceLoops& faces, int32_t face) {
-    uint64_t hash = static_cast<uint64_t>(faces.faceLoopCount(face));
-    for (int32_t l = 0; l < faces.faceLoopCount(face); ++l)
-        hash = hashCombine(hash, faces.loop(face, l).size());
-    return hash;
-}
-
-// Whether `cut` runs from the first point of loop `l` to its second (rather than back), through
-// the one triangle that borders that loop edge.
-bool runsForward(const PlanarFace& face, int32_t l, std::span<const Triangle> cut) {
+// Which way `cut` runs along the first edge of loop `l`, through the one triangle that borders
+// it: 1 from its first point to its second, -1 back, 0 when no triangle has that edge (a cut that
+// leaves a loop edge out fits no face).
+int runOfFirstEdge(const PlanarFace& face, int32_t l, std::span<const Triangle> cut) {
     const int32_t first = face.loopStart[l];
     const int32_t second = first + 1;
     for (const Triangle& t : cut) {
@@ -25,12 +19,12 @@ bool runsForward(const PlanarFace& face, int32_t l, std::span<const Triangle> cu
             const int32_t from = t[k];
             const int32_t to = t[(k + 1) % 3];
             if (from == first && to == second)
-                return true;
+                return 1;
             if (from == second && to == first)
-                return false;
+                return -1;
         }
     }
-    return false;
+    return 0;
 }
 
 } // namespace
@@ -43,8 +37,8 @@ bool cutFits(const PlanarFace& face, std::span<const Triangle> cut) {
         return false;
     for (int32_t l = 0; l < face.loopCount(); ++l) {
         // The outer loop runs counter-clockwise, holes were turned clockwise.
-        const bool forward = l == 0 || face.twiceArea[l] < 0.0;
-        if (runsForward(face, l, cut) != forward)
+        const int run = l == 0 || face.twiceArea[l] < 0.0 ? 1 : -1;
+        if (runOfFirstEdge(face, l, cut) != run)
             return false;
     }
     const auto& p = face.points;
@@ -63,14 +57,14 @@ bool SimilarCuts::sameSizes(const Entry& entry, const FaceLoops& faces, int32_t 
 }
 
 std::span<const Triangle> SimilarCuts::candidate(const FaceLoops& faces, int32_t face) const {
-    const auto found = entries_.find(loopSizesKey(faces, face));
+    const auto found = entries_.find(loopSizesHash(faces, face));
     if (found == entries_.end() || found->second.block != block_ || !sameSizes(found->second, faces, face))
         return {};
     return found->second.cut;
 }
 
 void SimilarCuts::keep(const FaceLoops& faces, int32_t face, std::span<const Triangle> cut) {
-    Entry& entry = entries_[loopSizesKey(faces, face)];
+    Entry& entry = entries_[loopSizesHash(faces, face)];
     entry.loopSizes.resize(static_cast<size_t>(faces.faceLoopCount(face)));
     for (int32_t l = 0; l < faces.faceLoopCount(face); ++l)
         entry.loopSizes[static_cast<size_t>(l)] = static_cast<int32_t>(faces.loop(face, l).size());

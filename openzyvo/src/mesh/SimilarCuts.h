@@ -15,10 +15,10 @@ namespace oz::mesh {
 // well. `face` must be well-formed (see loopsWellFormed) and keep every point when laid flat. The
 // cut fits when it has as many triangles as a cut of all of `face`'s points (so the other face
 // kept every point too), runs round each loop the way `face` needs (holes clockwise), and every
-// triangle turns strictly counter-clockwise in `face`'s plane. Its edges that are not loop edges then pair
-// off, so how often its triangles cover a point adds up to the winding number of the loops there: one inside
-// the face, zero outside and in holes. With no triangle turned over or flat, that count is how many triangles
-// hold the point, so the triangles tile the face exactly.
+// triangle turns strictly counter-clockwise in `face`'s plane. Its edges that are not loop edges
+// then pair off, so how often its triangles cover a point adds up to the winding number of the
+// loops there: one inside the face, zero outside and in holes. With no triangle turned over or
+// flat, that count is how many triangles hold the point, so the triangles tile the face exactly.
 bool cutFits(const PlanarFace& face, std::span<const Triangle> cut);
 
 // The last cut kept of faces with each list of loop sizes, in the current block of faces. A letter
